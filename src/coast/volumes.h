@@ -1,0 +1,16 @@
+#pragma once
+
+#include "model/model.h"
+
+namespace kelprun {
+
+/// Volume change of each cell since the start, m3, the same per unit length, and their sum; a
+/// change of position below a tenth of a millimetre counts as none.
+void VOLSTEP(const Grid& grid, const Profile& profile, const Shore& shore, Ledgers& ledgers);
+
+/// Adds the transport of a pass to the sums of the year and of the run, in reporting units, and
+/// sets the annualised rate of the pass.
+void add_transport(const Grid& grid, const Transport& transport, float VOLFAC, float CONVYD3,
+                   Ledgers& ledgers);
+
+}  // namespace kelprun

@@ -1,0 +1,57 @@
+#include "output/announcements.h"
+
+#include <string>
+
+#include "text/columns.h"
+#include "text/console.h"
+
+namespace kelprun {
+
+void announce_program() {
+  console_line("+-------------------------------------+");
+  console_line("              KelpRun                  ");
+  console_line("+-------------------------------------+");
+  console_line("     Version 1.1 release 8, JAN 2020");
+  console_line("             KelpRun_v1p1r8.exe          ");
+}
+
+void announce_years(const Clock& clock) {
+  const std::string ORNAMENT(65, '*');
+  const auto number = [](int width, std::int32_t value) {
+    std::string field(static_cast<std::size_t>(width), ' ');
+    put_integer(field.data(), width, value);
+    return field;
+  };
+  const std::int32_t years = (clock.NEXTDATE - clock.SIMDATS) / 10000;
+  console_record("");
+  for (int line = 1; line <= 3; ++line) console_line(ORNAMENT);
+  console_record("CALCULATED " + number(3, years) + " YEARS  =" + number(8, clock.ITS) +
+                 " TIME STEPS.  DATE IS " + number(8, clock.NEXTDATE));
+  for (int line = 1; line <= 4; ++line) console_line(ORNAMENT);
+}
+
+void report_cycling(const Clock& clock, const Series& series, Report& report) {
+  const std::string STARS(63, '*');
+  const std::int32_t first_date = series.WAVEDATE.empty() ? 0 : series.WAVEDATE(1);
+  report.line(std::string(44, ' '));
+  report.line(STARS);
+  report.line(" WARNING: Current wave event exceeds maximum number of wave    ");
+  report.line("          events as specified in control file(*.kel).          ");
+  report.line("          Cycling back to first wave event.                    ");
+  report.line("          Specified maximum number of wave events: ", series.WAVEID);
+  report.line(" ");
+  report.line("          Current simulation date is:             ", clock.NEXTDATE);
+  report.line("          Newly cycled wave event date is:        ", first_date);
+  report.line(STARS);
+}
+
+void announce_bad_angles(std::int32_t NBADANG, Report& report) {
+  if (NBADANG == 0) return;
+  // Console and report differ in their blanks, and always have.
+  console_line("WARNING: Wave Angle is greater than 90 deg         or less than -90 deg.");
+  console_line("Number of Occurrences : ", NBADANG);
+  report.line("WARNING: Wave Angle is greater than 90 deg   or less than -90 deg.");
+  report.line("Number of Occurrences : ", NBADANG);
+}
+
+}  // namespace kelprun

@@ -1,0 +1,43 @@
+#include "output/announcements.h"
+#include "run/run.h"
+#include "text/console.h"
+#include "text/standard_error.h"
+
+namespace kelprun {
+
+namespace {
+
+/// Mean annual rates, in single precision, kept in double.
+void set_mean_rates(const Clock& c, Ledgers& l) {
+  const auto mean = [&](float sum) {
+    return static_cast<double>(((sum / static_cast<float>(c.NTS)) * 365.25f) * c.SPD);
+  };
+  for (std::int32_t i = 1; i <= l.QNETSUM.size(); ++i) {
+    l.QNETMEAN(i) = mean(l.QNETSUM(i));
+    l.QLEFTMEAN(i) = mean(l.QLEFTSUM(i));
+    l.QRIGHTMEAN(i) = mean(l.QRIGHTSUM(i));
+  }
+}
+
+}  // namespace
+
+int finish(Run& run) {
+  Model& m = run.model;
+  const Clock& c = m.clock;
+  if (c.STOPPED) {
+    run.report.line(" EXECUTION STOPPED DURING TIME STEP", c.ITS);
+    warning_line("the run was stopped during time step " + std::to_string(c.ITS));
+  }
+  set_mean_rates(c, m.ledgers);
+  run.tables.write_means(m.ledgers, c.NEXTDATE);
+  if (c.ITS == c.NTS && c.ITS % c.NDTSAVE != 0) run.tables.write_state(m);
+  announce_bad_angles(m.waves.NBADANG, run.report);
+  console_line("<<<Simulation finished>>>");
+  run.report.close();
+  run.tables.close();
+  console_line("Model run completed");
+  clear_progress();
+  return c.NONFINITE ? 1 : 0;
+}
+
+}  // namespace kelprun

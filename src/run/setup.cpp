@@ -1,0 +1,104 @@
+#include <string>
+
+#include "coast/profile_shape.h"
+#include "coast/seawalls.h"
+#include "input/checks.h"
+#include "input/regional_angle.h"
+#include "input/shoreline_files.h"
+#include "input/structure_lists.h"
+#include "input/wave_table.h"
+#include "model/capacities.h"
+#include "model/constants.h"
+#include "output/announcements.h"
+#include "run/numerics.h"
+#include "run/run.h"
+#include "run/step_relations.h"
+#include "run/storage.h"
+#include "run/unbuilt.h"
+#include "text/console.h"
+#include "text/stop.h"
+
+namespace kelprun {
+
+namespace {
+
+void prepare_waves(Run& run) {
+  Model& m = run.model;
+  read_wave_dates(m.series, run.files);
+  set_wave_step(m.series, m.clock.DT, run.report);
+  for (float& WMDEP : m.series.WMDEP) WMDEP *= m.settings.CONV;
+  run.wave_events.place_walls(m.grid, m.series);
+}
+
+/// An end without a groin derives the transport of its wall from its movement.
+void prepare_boundaries(Model& m) {
+  m.boundaries.left.QBC = !has_groin_at(m.groins, 1);
+  m.boundaries.right.QBC = !has_groin_at(m.groins, m.grid.NX + 1);
+  for (Boundary* end : {&m.boundaries.left, &m.boundaries.right})
+    if (end->QBC) end->GROINY = 0.0f;
+}
+
+void prepare_shoreline(Model& m) {
+  Shore& s = m.shore;
+  for (std::int32_t i = 1; i <= m.grid.NX; ++i) {
+    s.Y(i) -= static_cast<double>(s.YREG(i));
+    s.YSTART(i) = s.Y(i);
+    s.YMAX(i) = static_cast<float>(s.Y(i));
+    s.YMIN(i) = s.YMAX(i);
+  }
+  set_seawall_limits(m.settings, m.grid, m.seawalls, s);
+}
+
+void prepare_sand(Model& m) {
+  m.settings.ASHAPE = profile_shape_factor(m.settings.D50);
+  m.settings.ASHAPE_GAMMA = m.settings.ASHAPE * m.settings.GAMMA;
+  for (std::int32_t i = 1; i <= m.grid.NX; ++i)
+    m.profile.K1EFF(i) = m.profile.K1CELL(i) / K1_DIVISOR;
+}
+
+/// The first entry of the date table with the month and day of the start date; none leaves it.
+void find_first_wave(Series& series, std::int32_t SIMDATS) {
+  for (std::int32_t i = 1; i <= series.WAVEDATE.size(); ++i) {
+    if (series.WAVEDATE(i) % 10000 != SIMDATS % 10000) continue;
+    series.IWEVENT = i;
+    return;
+  }
+}
+
+void check_bypass_count(const Events& events, Report& report) {
+  if (events.NBP <= capacity::BYPASS_OPERATIONS) return;
+  report.line(" ERROR. TOO MANY BYPASSING OPERATIONS.");
+  report.line(" PLEASE CHANGE VALUE OF \"NBP\" IN YOUR SPATIAL DOMAIN FILE.");
+  report.line(" MAXIMUM NUMBER IS ", capacity::BYPASS_OPERATIONS);
+  report.record("");
+  fatal("ERROR. Too many bypassing operations.");
+}
+
+}  // namespace
+
+void setup(Run& run, const std::string& path) {
+  Model& m = run.model;
+  flush_denormals();
+  if (!read_and_check(path, m, run.files, run.report)) stop_run(1);
+  take_storage(m);
+  read_cell_widths(m.settings, m.grid, run.report);
+  read_shorelines(m.settings, m.grid, run.files, m.shore, run.report);
+  set_regional_angle(m.settings, m.grid, m.series, m.shore.YREG, m.waves);
+  prepare_waves(run);
+  announce_program();
+  run.tables.open(m.settings.STEM, m.grid.NX);
+  prepare_boundaries(m);
+  prepare_shoreline(m);
+  prepare_sand(m);
+  find_first_wave(m.series, m.clock.SIMDATS);
+  check_step_relations(m, run.report);
+  check_bypass_count(m.events, run.report);
+  check_groins_on_breakwaters(m.groins, m.breakwaters, run.report);
+  refuse_unbuilt(m, run.files.configuration);
+  warn_of_short_waves(m.series, m.clock);
+  console_line("Time Simulation begins ...");
+  run.report.flush();
+  run.progress.start();
+}
+
+}  // namespace kelprun

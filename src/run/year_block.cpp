@@ -1,0 +1,42 @@
+#include "run/year_block.h"
+
+#include <algorithm>
+
+#include "output/announcements.h"
+
+namespace kelprun {
+
+namespace {
+
+constexpr float SCALED_ABOVE = 100000.0f;
+constexpr float SCALE = 0.001f;
+
+float largest_gross(const Ledgers& l) {
+  return std::max(0.0f, *std::max_element(l.QGROSSYR.begin(), l.QGROSSYR.end()));
+}
+
+}  // namespace
+
+bool is_year_end(const Clock& c) {
+  if (c.ITS == c.NTS) return true;
+  const std::int64_t anniversary = c.SIMDATS + std::int64_t{10000} * c.NYEARS;
+  return anniversary != 0 && c.CURDATE % anniversary == 0 && c.FIRSTDAY == 0;
+}
+
+void close_year(Model& m, Tables& tables) {
+  for (std::int32_t i = 1; i <= m.grid.NX; ++i)
+    m.shore.YDIFF(i) = static_cast<float>(m.shore.Y(i) - m.shore.YSTART(i));
+  announce_years(m.clock);
+
+  Ledgers& l = m.ledgers;
+  l.QMAX = largest_gross(l);
+  // The report shows thousands above a limit; the tables get full units back from them.
+  const bool scaled = l.QMAX > SCALED_ABOVE;
+  for (PerWall<float>* sums : {&l.QNETYR, &l.QLEFTYR, &l.QRIGHTYR, &l.QGROSSYR})
+    if (scaled)
+      for (float& sum : *sums) sum *= SCALE;
+  tables.write_year_sums(l, m.clock.NEXTDATE, scaled ? 1000.0f : 1.0f);
+  for (PerWall<float>* sums : {&l.QNETYR, &l.QLEFTYR, &l.QRIGHTYR, &l.QGROSSYR}) sums->fill(0.0f);
+}
+
+}  // namespace kelprun

@@ -1,0 +1,42 @@
+#include "text/input_file.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+
+#include "text/stop.h"
+
+namespace kelprun {
+
+bool InputFile::open(const std::string& name) {
+  name_ = name;
+  line_number_ = 0;
+  std::error_code ignored;
+  // A folder would open and then read nothing; a pipe could wait for ever.
+  if (!std::filesystem::is_regular_file(name, ignored)) return false;
+  stream_ = std::ifstream(name, std::ios::binary);
+  return stream_.is_open();
+}
+
+void InputFile::rewind() {
+  stream_.clear();
+  stream_.seekg(0);
+  line_number_ = 0;
+}
+
+bool InputFile::next_line() {
+  if (!std::getline(stream_, line_)) return false;
+  ++line_number_;
+  constexpr std::string_view BYTE_ORDER_MARK = "\xEF\xBB\xBF";
+  if (line_number_ == 1 && line_.starts_with(BYTE_ORDER_MARK)) line_.erase(0, BYTE_ORDER_MARK.size());
+  if (line_.ends_with('\r')) line_.pop_back();
+  std::replace(line_.begin(), line_.end(), '\t', ' ');
+  return true;
+}
+
+void InputFile::failure(std::int64_t record, std::string_view what) const {
+  run_time_message(name_ + ": record " + std::to_string(record) + " (line " +
+                   std::to_string(line_number_) + "): " + std::string(what));
+}
+
+}  // namespace kelprun

@@ -1,0 +1,51 @@
+#include "text/output_file.h"
+
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <system_error>
+
+#include "text/stop.h"
+
+namespace kelprun {
+
+bool OutputFile::open(const std::string& name, bool emptied) {
+  name_ = name;
+  records_ = 0;
+  pending_ = 0;
+  safe_ = 0;
+  file_.reset(std::fopen(name.c_str(), emptied ? "wb" : "ab"));
+  return is_open();
+}
+
+void OutputFile::record(std::string_view text) {
+  ++records_;
+  pending_ += text.size() + 1;
+  const bool written = std::fwrite(text.data(), 1, text.size(), file_.get()) == text.size();
+  if (!written || std::fputc('\n', file_.get()) == EOF) write_failure();
+}
+
+void OutputFile::flush() {
+  if (!is_open()) return;
+  if (std::fflush(file_.get()) != 0) write_failure();
+  safe_ += pending_;
+  pending_ = 0;
+}
+
+void OutputFile::close() {
+  flush();
+  file_.reset();
+}
+
+void OutputFile::write_failure() {
+  const std::string reason = std::strerror(errno);
+  file_.reset();
+  std::error_code ignored;
+  if (std::filesystem::is_regular_file(name_, ignored))
+    std::filesystem::resize_file(name_, safe_, ignored);
+  const std::string record = std::to_string(records_);
+  run_time_message(name_ + ": record " + record + " (line " + record +
+                   "): cannot be written: " + reason);
+}
+
+}  // namespace kelprun

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "model/array.h"
+#include "text/free_format.h"
+#include "text/output_file.h"
+
+namespace kelprun {
+
+/// The printable report. It is opened where its keyword stands in the configuration and emptied
+/// by begin(), once it is certain that it is no input file; lines until then are kept for it.
+/// Without a file all lines are dropped.
+class Report {
+ public:
+  /// False where the file cannot be opened; what it holds is left alone.
+  bool open(const std::string& name) { return file_.open(name, false); }
+  /// Empties the file and writes the lines kept so far.
+  void begin();
+
+  /// One line as it stands.
+  void record(std::string_view text);
+
+  /// One free-format line.
+  template <class... Items>
+  void line(const Items&... items) {
+    record(free_format(items...));
+  }
+
+  /// The first `count` values, 10 a line, in columns of `width` with 2 decimals.
+  void array(const Array1<float>& values, std::int32_t count, int width);
+
+  void flush() { file_.flush(); }
+  void close() { file_.close(); }
+
+ private:
+  OutputFile file_;
+  bool begun_ = false;
+  std::string kept_;
+};
+
+}  // namespace kelprun
