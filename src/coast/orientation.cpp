@@ -38,17 +38,20 @@ void set_shoreline_orientation(const Grid& grid, const Boundaries& boundaries, c
 
   if (groins.NGRP == 0) return;
   if (stands_out(groins.ICSTR(1))) {
-    const double outside = static_cast<double>(groins.YGT(1)) - static_cast<double>(boundaries.left.GROINY);
+    const double outside =
+        static_cast<double>(groins.YGT(1)) - static_cast<double>(boundaries.left.GROINY);
     ALPHA(1) = boundaries.left.BCTYPE == GATED_GROIN
                    ? GATE_ANGLE
-                   : static_cast<float>(std::atan((shore.Y(1) - outside) / static_cast<double>(grid.DX(1))));
+                   : static_cast<float>(
+                         std::atan((shore.Y(1) - outside) / static_cast<double>(grid.DX(1))));
   }
   if (stands_out(groins.ICSTR(NX + 1))) {
     const double outside =
         static_cast<double>(groins.YGT(groins.NGRP)) - static_cast<double>(boundaries.right.GROINY);
     ALPHA(NX + 1) = boundaries.right.BCTYPE == GATED_GROIN
                         ? GATE_ANGLE
-                        : static_cast<float>(std::atan((outside - shore.Y(NX)) / static_cast<double>(grid.DX(NX))));
+                        : static_cast<float>(std::atan((outside - shore.Y(NX)) /
+                                                       static_cast<double>(grid.DX(NX))));
   }
 }
 

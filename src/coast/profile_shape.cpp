@@ -11,8 +11,6 @@ float profile_shape_factor(float D50) {
   return 0.46f * std::pow(D50, 0.11f);
 }
 
-float beach_slope(float ASHAPE, float DLTZ) {
-  return std::sqrt(ASHAPE * ASHAPE * ASHAPE / DLTZ);
-}
+float beach_slope(float ASHAPE, float DLTZ) { return std::sqrt(ASHAPE * ASHAPE * ASHAPE / DLTZ); }
 
 }  // namespace kelprun

@@ -8,8 +8,14 @@ namespace {
 class Sweep {
  public:
   Sweep(const Grid& grid, const PerCell<std::int32_t>& INLC, Shore& shore, Transport& transport)
-      : NX_(grid.NX), DX_(grid.DX), INLC_(INLC), RDEN_(transport.RDEN), DYSRC_(shore.DYSRC),
-        YSW_(shore.YSW), Y_(shore.Y), Q_(transport.Q) {}
+      : NX_(grid.NX),
+        DX_(grid.DX),
+        INLC_(INLC),
+        RDEN_(transport.RDEN),
+        DYSRC_(shore.DYSRC),
+        YSW_(shore.YSW),
+        Y_(shore.Y),
+        Q_(transport.Q) {}
 
   void run() {
     std::int32_t I = 1;

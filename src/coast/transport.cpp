@@ -104,8 +104,7 @@ void clear_transport(const TransportConstants& constants, const Settings& settin
     t.RDEN(i) = constants.DTSEC / (profile.DCLOSCELL(i) + profile.BERMHTCELL(i));
   for (std::int32_t i = 1; i <= grid.NX + 1; ++i)
     t.CB(i) = std::sqrt(waves.HB(i) * settings.GAMMA * 0.25f * G / HEIGHT_RATIO);
-  for (PerWall<float>* rates : {&t.Q, &t.QBWTIP, &t.QRIGHT, &t.QLEFT, &t.QGROSS})
-    rates->fill(0.0f);
+  for (PerWall<float>* rates : {&t.Q, &t.QBWTIP, &t.QRIGHT, &t.QLEFT, &t.QGROSS}) rates->fill(0.0f);
 }
 
 float share_landward(float DIST, float DT1, float ASHAPE) {

@@ -6,10 +6,10 @@ namespace kelprun {
 
 /// Constants of one call of the sediment step.
 struct TransportConstants {
-  float DTSEC;    ///< step length, s
-  float DLIM;     ///< limit depth of longshore motion over wave height, 1.27/GAMMA
-  float SQ;       ///< sqrt((1.416/GAMMA)/G)
-  float HALFPI;   ///< PI/2
+  float DTSEC;   ///< step length, s
+  float DLIM;    ///< limit depth of longshore motion over wave height, 1.27/GAMMA
+  float SQ;      ///< sqrt((1.416/GAMMA)/G)
+  float HALFPI;  ///< PI/2
 };
 TransportConstants transport_constants(float DT, float GAMMA);
 

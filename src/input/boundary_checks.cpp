@@ -47,9 +47,9 @@ float boundary_movement(const Boundary& boundary, float CONV, std::int32_t NTS, 
 void check_left_boundary(Model& m) {
   Boundary& b = m.boundaries.left;
   const bool groin = has_groin_at(m.groins, 1);
-  check_type(b, {" ERROR. INVALID BOUNDARY CONDITION SPECIFICATION ON",
-                 " LEFT-HAND MODEL BOUNDARY.  PLEASE CHANGE VALUEOF",
-                 " \"LBCTYPE\" IN YOUR .cfg FILE."});
+  check_type(
+      b, {" ERROR. INVALID BOUNDARY CONDITION SPECIFICATION ON",
+          " LEFT-HAND MODEL BOUNDARY.  PLEASE CHANGE VALUEOF", " \"LBCTYPE\" IN YOUR .cfg FILE."});
   if (b.BCTYPE == PINNED) {
     if (groin)
       refuse({" ERROR. BOTH \"PINNED-BEACH\" BOUNDARY CONDITION AND A",
@@ -66,9 +66,10 @@ void check_left_boundary(Model& m) {
               " A GROIN ARE SPECIFIED ON THE LEFT-HAND MODEL BOUNDARY.",
               " NOT ALLOWED. PLEASE CHANGE YOUR .cfg FILE."});
     insert_left_end(m.tips);
-    set_movement(b, m, {" ERROR. INVALID BOUNDARY MOVEMENT PERIOD SPECIFICATION",
-                        " ON LEFT-HAND MODEL BOUNDARY.  PLEASE CHANGE VALUE OF",
-                        " \"LMOVPER\" IN YOUR .cfg FILE."});
+    set_movement(b, m,
+                 {" ERROR. INVALID BOUNDARY MOVEMENT PERIOD SPECIFICATION",
+                  " ON LEFT-HAND MODEL BOUNDARY.  PLEASE CHANGE VALUE OF",
+                  " \"LMOVPER\" IN YOUR .cfg FILE."});
   } else {
     // Nothing asks whether a groin stands here at all; the right end does ask.
     convert_gate(b, m.settings.CONV,
@@ -102,13 +103,14 @@ void check_right_boundary(Model& m) {
               " A GROIN ARE SPECIFIED ON THE RIGHT-HAND MODEL  BOUNDARY.",
               " NOT ALLOWED. PLEASE CHANGE YOUR .cfg FILE."});
     append_right_end(m.tips);
-    set_movement(b, m, {" ERROR. INVALID BOUNDARY MOVEMENT PERIOD SPECIFICATION",
-                        " ON RIGHT-HAND MODEL BOUNDARY.  PLEASE CHANGE VALUE OF",
-                        " \"RMOVPER\" IN YOUR .cfg FILE."});
+    set_movement(b, m,
+                 {" ERROR. INVALID BOUNDARY MOVEMENT PERIOD SPECIFICATION",
+                  " ON RIGHT-HAND MODEL BOUNDARY.  PLEASE CHANGE VALUE OF",
+                  " \"RMOVPER\" IN YOUR .cfg FILE."});
   } else {
     if (!groin)
-      refuse({" ERROR. GATED BOUNDARY CONDITION SPECIFIED AT N+1,",
-              "BUT NO GROIN SPECIFIED AT N+1"});
+      refuse(
+          {" ERROR. GATED BOUNDARY CONDITION SPECIFIED AT N+1,", "BUT NO GROIN SPECIFIED AT N+1"});
     convert_gate(b, m.settings.CONV,
                  {" WARNING. DISTANCE FROM GROIN TIP ON RIGHT-HAND BOUNDARY",
                   " TO SHORELINE OUTSIDE GRID SPECIFIED AS ZERO. PLEASE",

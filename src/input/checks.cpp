@@ -62,9 +62,9 @@ void set_uniform_grid(Grid& g, float CONV) {
   float DX = g.DX(1);
   g.variable = DX == -1.0f;
   if (g.NX > capacity::CELLS)
-    refuse_limit({" ERROR. TOO MANY SHORELINE CELLS.",
-                  " PLEASE CHANGE VALUE OF \"nx\" IN YOUR .spd FILE."},
-                 capacity::CELLS);
+    refuse_limit(
+        {" ERROR. TOO MANY SHORELINE CELLS.", " PLEASE CHANGE VALUE OF \"nx\" IN YOUR .spd FILE."},
+        capacity::CELLS);
   refuse_empty_grid(g.NX);
   g.DX.take(g.NX);
   if (g.variable) return;
@@ -76,7 +76,8 @@ void check_fills(Events& e, const Grid& grid, float CONV) {
   for (std::int32_t k = 1; k <= e.IBFS.size(); ++k) {
     // Only both at once fail: a fill that reaches past one end acts on the cells inside the grid.
     if (e.IBFS(k) < 1 && e.IBFE(k) > grid.NX)
-      refuse({" ERROR. BEACH FILL IS OUTSIDE CALCULATION GRID.", " PLEASE CORRECT YOUR .spd FILE."});
+      refuse(
+          {" ERROR. BEACH FILL IS OUTSIDE CALCULATION GRID.", " PLEASE CORRECT YOUR .spd FILE."});
     if (e.IBFE(k) < e.IBFS(k))
       refuse({" START X-COORDINATE OF BEACH FILL IS .GT. END X-COORDINATE.",
               " PLEASE CORRECT YOUR .spd FILE."});

@@ -55,6 +55,7 @@ using namespace capacity;
 
 // A list keyword stores at the next place of its own list; a count keyword also counts; what is
 // stored "at the count" belongs to the record that the count keyword opened last.
+// clang-format off
 const std::array KEYWORDS = {
     // Run and files
     Keyword{"KELPRUN"},
@@ -220,6 +221,7 @@ const std::array KEYWORDS = {
     int8("ILEDGQ1", [](R& r) -> I& { return counted(r, r.model.budget.NLEDGQ, r.model.budget.ILEDGQ1, BUDGET_ITEMS); }),
     int8("ILEDGQ2", [](R& r) -> I& { return at_count(r, "ILEDGQ2", "ILEDGQ1", r.model.budget.NLEDGQ, r.model.budget.ILEDGQ2, BUDGET_ITEMS); }),
 };
+// clang-format on
 
 }  // namespace
 

@@ -30,31 +30,31 @@ struct Reading {
   Spans DCLOS{"DCLOS", "IDCLOSEND"};
 
   Array1<float> DX{capacity::CELLS};
-  std::string wave_file_name{};          ///< the last one given
-  float last_DDG = 0.0f;                 ///< the last depth at a diffracting groin given
-  std::int32_t dredge_counter = 0;       ///< one counter for all inlets
+  std::string wave_file_name{};     ///< the last one given
+  float last_DDG = 0.0f;            ///< the last depth at a diffracting groin given
+  std::int32_t dredge_counter = 0;  ///< one counter for all inlets
   float DRDAY = 0.0f;
   float DREDV = 0.0f;
   /// First entries of BPDATS, BPDATE, IBPS, IBPE given by their second names ahead of the first.
   Array1<std::int32_t> QQ{4};
   /// Takes what goes past a capacity or is read and discarded.
   std::tuple<std::int32_t, float, double, std::string> dropped{};
-  bool marker = false;                   ///< the file-type marker has been seen
+  bool marker = false;  ///< the file-type marker has been seen
 };
 
 /// How a value is decoded.
 enum class Form {
-  marker,     ///< nothing is read
-  text,       ///< the value as it stands
-  name,       ///< the value less its double quotes
-  int8,       ///< a whole number in the first 8 columns, blanks ignored
-  logical7,   ///< an optional point, then T or F
-  integer,    ///< one item of a free-format read
+  marker,    ///< nothing is read
+  text,      ///< the value as it stands
+  name,      ///< the value less its double quotes
+  int8,      ///< a whole number in the first 8 columns, blanks ignored
+  logical7,  ///< an optional point, then T or F
+  integer,   ///< one item of a free-format read
   real,
   real64,
-  int_list,   ///< a free-format read into a whole array
+  int_list,  ///< a free-format read into a whole array
   real_list,
-  items       ///< a free-format line of its own kind
+  items  ///< a free-format line of its own kind
 };
 
 using StoreInt = std::int32_t& (*)(Reading&);
@@ -74,9 +74,9 @@ struct Keyword {
   std::variant<std::monostate, StoreInt, StoreReal, StoreReal64, StoreBool, StoreText, StoreInts,
                StoreReals, StoreItems>
       store{};
-  void (*then)(Reading&) = nullptr;       ///< what happens besides, once the value is stored
-  std::string_view failure = {};          ///< fatal message of a decoding failure of its own
-  int width = 0;                          ///< columns of a text
+  void (*then)(Reading&) = nullptr;  ///< what happens besides, once the value is stored
+  std::string_view failure = {};     ///< fatal message of a decoding failure of its own
+  int width = 0;                     ///< columns of a text
 };
 
 /// All keywords of the configuration file, in one place.

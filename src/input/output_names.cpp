@@ -31,8 +31,8 @@ bool same_file(const Place& one, const Place& other) {
 
 std::vector<std::string> input_names(const Model& model, const InputFiles& files) {
   const Settings& settings = model.settings;
-  std::vector<std::string> names = {files.configuration, settings.SHOIN, settings.REGFILE,
-                                    settings.DXIN, settings.BYPFILE, model.series.WTRELFILE};
+  std::vector<std::string> names = {files.configuration, settings.SHOIN,   settings.REGFILE,
+                                    settings.DXIN,       settings.BYPFILE, model.series.WTRELFILE};
   names.insert(names.end(), model.series.WAVEFILE.begin(), model.series.WAVEFILE.end());
   names.insert(names.end(), model.series.TCRNTFILE.begin(), model.series.TCRNTFILE.end());
   std::erase(names, "");

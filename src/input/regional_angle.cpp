@@ -10,7 +10,8 @@ enum AngleMode { FIXED_WINDOWS = 0, ONE_MEAN = 1, BETWEEN_GAUGES = 2 };
 
 float contour_angle(const Grid& grid, const PerCell<float>& YREG, std::int32_t i) {
   const std::int32_t right = i == 1 ? 2 : i;
-  return std::atan((YREG(right) - YREG(right - 1)) / ((grid.DX(right) + grid.DX(right - 1)) * 0.5f));
+  return std::atan((YREG(right) - YREG(right - 1)) /
+                   ((grid.DX(right) + grid.DX(right - 1)) * 0.5f));
 }
 
 /// Last cell of the window between gauge k and the next one.

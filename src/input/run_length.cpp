@@ -33,7 +33,8 @@ std::int32_t leap_days(const DateParts& start, const DateParts& end) {
 std::int32_t days_without_leap(std::int32_t start, std::int32_t end) {
   const DateParts s = date_parts(start);
   const DateParts e = date_parts(end);
-  const std::int32_t months = days_of_months(std::min(s.month, e.month), std::max(s.month, e.month));
+  const std::int32_t months =
+      days_of_months(std::min(s.month, e.month), std::max(s.month, e.month));
   return 365 * (e.year - s.year) + (e.day - s.day) + (s.month > e.month ? -months : months);
 }
 
@@ -44,16 +45,16 @@ std::int32_t days_between(std::int32_t start, std::int32_t end) {
 void set_run_length(Clock& clock) {
   const DateParts start = date_parts(clock.SIMDATS);
   if (start.month > 12 || start.day > 31)
-    refuse({" ERROR. INCORRECT FORMAT ON SIMULATION START DATE.",
-            " PLEASE CORRECT YOUR .cfg FILE."});
+    refuse(
+        {" ERROR. INCORRECT FORMAT ON SIMULATION START DATE.", " PLEASE CORRECT YOUR .cfg FILE."});
   clock.IYEAR = start.year;
   clock.IMONTH = start.month;
   clock.DAYF = static_cast<float>(start.day);
 
   if (clock.SIMDATS < clock.SIMDATE) {
     clock.NDAYS = days_between(clock.SIMDATS, clock.SIMDATE);
-    clock.NTS = nearest_integer(
-        static_cast<double>(static_cast<float>(clock.NDAYS) * clock.SPD), "number of time steps");
+    clock.NTS = nearest_integer(static_cast<double>(static_cast<float>(clock.NDAYS) * clock.SPD),
+                                "number of time steps");
   } else if (clock.SIMDATE >= LAST_STEP_NUMBER) {
     refuse({" ERROR. SIMULATION ENDING DATE MUST BE LATER THAN",
             " THE STARTING DATE. PLEASE CORRECT YOUR .cfg FILE."});

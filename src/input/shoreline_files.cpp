@@ -23,18 +23,18 @@ struct FileWords {
   std::string_view fatal_message;
 };
 
-constexpr FileWords SHORELINE_WORDS = {{" ERROR FOUND IN \"SHOIN\".",
-                                        " FILE \"SHORL\" CONTAINS TOO FEW VALUES",
-                                        " PLEASE CHANGE IN DATA FILE(S)"},
-                                       "INITIAL SHORELINE FILE CONTAINS TOO FEW VALUES"};
-constexpr FileWords CONTOUR_WORDS = {{" ERROR FOUND IN \"SHOIN\".",
-                                      " FILE \"SHORM\" CONTAINS TOO FEW VALUES",
-                                      " PLEASE CHANGE IN DATA FILE(S)"},
-                                     "REGIONAL CONTOUR FILE CONTAINS TOO FEW VALUES"};
-constexpr FileWords WIDTH_WORDS = {{" ERROR FOUND IN \"DXIN\".",
-                                    " FILE \"DXDAT\" CONTAINS TOO FEW VALUES",
-                                    " PLEASE CHANGE IN DATA FILE"},
-                                   "VARIABLE DX FILE CONTAINS TOO FEW VALUES"};
+constexpr FileWords SHORELINE_WORDS = {
+    {" ERROR FOUND IN \"SHOIN\".", " FILE \"SHORL\" CONTAINS TOO FEW VALUES",
+     " PLEASE CHANGE IN DATA FILE(S)"},
+    "INITIAL SHORELINE FILE CONTAINS TOO FEW VALUES"};
+constexpr FileWords CONTOUR_WORDS = {
+    {" ERROR FOUND IN \"SHOIN\".", " FILE \"SHORM\" CONTAINS TOO FEW VALUES",
+     " PLEASE CHANGE IN DATA FILE(S)"},
+    "REGIONAL CONTOUR FILE CONTAINS TOO FEW VALUES"};
+constexpr FileWords WIDTH_WORDS = {
+    {" ERROR FOUND IN \"DXIN\".", " FILE \"DXDAT\" CONTAINS TOO FEW VALUES",
+     " PLEASE CHANGE IN DATA FILE"},
+    "VARIABLE DX FILE CONTAINS TOO FEW VALUES"};
 
 [[noreturn]] void too_few_values(const FileWords& words, Report& report) {
   for (const std::string_view line : words.lines) {

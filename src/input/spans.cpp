@@ -30,8 +30,9 @@ void expand_spans(const Spans& spans, std::int32_t NX, float factor, PerWall<flo
   std::int32_t begin = 1;
   for (std::int32_t i = 1; i <= held + 1; ++i) {
     const std::int32_t end = spans.ends(i);
-    if (end < 0) fatal(std::string(spans.end_keyword) + " holds " + std::to_string(end) +
-                       ", which is no cell of the grid");
+    if (end < 0)
+      fatal(std::string(spans.end_keyword) + " holds " + std::to_string(end) +
+            ", which is no cell of the grid");
     if (end > NX) beyond = true;
     if (end == 0 || end == NX) {
       fill(begin, held + 1, spans.values(i));
@@ -41,8 +42,8 @@ void expand_spans(const Spans& spans, std::int32_t NX, float factor, PerWall<flo
     begin = end + 1;
   }
   if (beyond)
-    warning_line(std::string(spans.end_keyword) + " holds end cells beyond NX = " +
-                 std::to_string(NX));
+    warning_line(std::string(spans.end_keyword) +
+                 " holds end cells beyond NX = " + std::to_string(NX));
 }
 
 }  // namespace kelprun

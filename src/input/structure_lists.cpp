@@ -74,16 +74,16 @@ void check_breakwater_ends(const Grid& grid, const Groins& g, const Array1<Tip>&
   const Tip& last = tips(tips.size());
   if (first.cell == 1) {
     if (!has_groin_at(g, 1))
-      refuse({" ERROR. DETACHED BREAKWATER ENDING ON OPEN ",
-              " LEFT-HAND BOUNDARY NOT ALLOWED. ", " PLEASE CHANGE IN YOUR .spd FILE."});
+      refuse({" ERROR. DETACHED BREAKWATER ENDING ON OPEN ", " LEFT-HAND BOUNDARY NOT ALLOWED. ",
+              " PLEASE CHANGE IN YOUR .spd FILE."});
     if (has_diffracting_groin_at(g, 1) && g.YDG(1) != first.Y)
       refuse({" ERROR. DETACHED BREAKWATER AND DIFFRACTING  GROIN ON",
               " LEFT-HAND BOUNDARY MUST BE CONNECTED.  PLEASE CHANGE", " IN YOUR .spd FILE."});
   }
   if (g.NGRP > 0 && last.cell == grid.NX + 1) {
     if (!has_groin_at(g, grid.NX + 1))
-      refuse({" ERROR. DETACHED BREAKWATER ENDING ON OPEN ",
-              " RIGHT-HAND BOUNDARY NOT ALLOWED. ", " PLEASE CHANGE IN YOUR .spd FILE."});
+      refuse({" ERROR. DETACHED BREAKWATER ENDING ON OPEN ", " RIGHT-HAND BOUNDARY NOT ALLOWED. ",
+              " PLEASE CHANGE IN YOUR .spd FILE."});
     if (has_diffracting_groin_at(g, grid.NX + 1) && g.YDG(g.NDG) != last.Y)
       refuse({" ERROR. DETACHED BREAKWATER AND DIFFRACTING GROIN ON",
               " RIGHT-HAND BOUNDARY MUST BE CONNECTED.  PLEASE CHANGE", " IN YOUR .spd FILE."});

@@ -11,9 +11,9 @@ namespace {
 
 using Item = ListReader::Item;
 
-constexpr float LEAST_WAVE = 0.1f;      ///< a height or period below is calm
-constexpr float MISSING_MARK = 98.0f;   ///< a height or period above marks missing data
-constexpr float STEEPEST = 0.142f;      ///< largest ratio of height to deep-water length
+constexpr float LEAST_WAVE = 0.1f;     ///< a height or period below is calm
+constexpr float MISSING_MARK = 98.0f;  ///< a height or period above marks missing data
+constexpr float STEEPEST = 0.142f;     ///< largest ratio of height to deep-water length
 
 /// The angle turned from the baseline to the regional contour, degrees, -180 to 180. The offset of
 /// the baseline cancels but for rounding, and the sums are formed in this order.
@@ -153,9 +153,9 @@ void WaveEvents::read(InputFiles& files, const Settings& settings, const Grid& g
   waves.pass.HZ = waves.HRF(last);
   waves.pass.T = waves.TRF(last);
   waves.pass.ZZ = waves.ZRF(last) * (180.0f / PI);
-  waves.pass.ZZDEG = (waves.THETADEL(last) +
-                      waves.ZRFPRTOUT(last) * waves.THETAAMP(last) * PI / 180.0f) *
-                     180.0f / PI;
+  waves.pass.ZZDEG =
+      (waves.THETADEL(last) + waves.ZRFPRTOUT(last) * waves.THETAAMP(last) * PI / 180.0f) * 180.0f /
+      PI;
 }
 
 }  // namespace kelprun

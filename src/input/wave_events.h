@@ -11,9 +11,9 @@ namespace kelprun {
 
 /// Height, period and angle of one record.
 struct GaugeWave {
-  float HZ = 0.0f;   ///< in the wave height unit
-  float T = 0.0f;    ///< s
-  float ZZ = 0.0f;   ///< degrees
+  float HZ = 0.0f;  ///< in the wave height unit
+  float T = 0.0f;   ///< s
+  float ZZ = 0.0f;  ///< degrees
 };
 
 /// A record that cannot drive the model becomes calm: height 0, period 0.1, angle 0. Adds to
@@ -35,18 +35,18 @@ class WaveEvents {
 
  private:
   struct Place {
-    std::int32_t lower = 1;    ///< gauge on the left
-    std::int32_t upper = 1;    ///< gauge on the right
-    float fraction = 0.0f;     ///< of the way from the left to the right one
+    std::int32_t lower = 1;  ///< gauge on the left
+    std::int32_t upper = 1;  ///< gauge on the right
+    float fraction = 0.0f;   ///< of the way from the left to the right one
   };
 
   GaugeWave read_record(std::size_t n, InputFile& file, const Series& series, const Clock& clock);
 
   PerWall<Place> places_;
-  std::vector<GaugeWave> read_;         ///< the last record of each file as it stands there
-  std::vector<GaugeWave> gauges_;       ///< the same after screening
-  std::vector<std::int32_t> records_;   ///< records read so far, a file
-  std::int32_t events_ = 0;             ///< wave events read so far
+  std::vector<GaugeWave> read_;        ///< the last record of each file as it stands there
+  std::vector<GaugeWave> gauges_;      ///< the same after screening
+  std::vector<std::int32_t> records_;  ///< records read so far, a file
+  std::int32_t events_ = 0;            ///< wave events read so far
 };
 
 }  // namespace kelprun

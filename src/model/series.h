@@ -9,25 +9,25 @@ namespace kelprun {
 
 /// Wave files, water levels and tidal currents over time. Owner: input/; IWEVENT: run/.
 struct Series {
-  std::int32_t NWFIL = 0;               ///< wave files announced (NUMWAVES)
-  Array1<std::int32_t> IWEND;           ///< last cell served by each wave file
-  Array1<float> WMDEP;                  ///< depth of each gauge, m after set-up
-  Array1<std::string> WAVEFILE;         ///< names
-  std::int32_t WAVEID = 0;              ///< wave events in a file; 0: a steady file
-  Array1<std::int32_t> WAVEDATE;        ///< dates of the wave events
-  Array1<std::int16_t> WAVEHOUR;        ///< clock times HHMM of the wave events
-  float WAVEDT = 0.0f;                  ///< time step of the wave files, h
-  std::int32_t IWEVENT = 0;             ///< current entry of the date table, cycled
+  std::int32_t NWFIL = 0;         ///< wave files announced (NUMWAVES)
+  Array1<std::int32_t> IWEND;     ///< last cell served by each wave file
+  Array1<float> WMDEP;            ///< depth of each gauge, m after set-up
+  Array1<std::string> WAVEFILE;   ///< names
+  std::int32_t WAVEID = 0;        ///< wave events in a file; 0: a steady file
+  Array1<std::int32_t> WAVEDATE;  ///< dates of the wave events
+  Array1<std::int16_t> WAVEHOUR;  ///< clock times HHMM of the wave events
+  float WAVEDT = 0.0f;            ///< time step of the wave files, h
+  std::int32_t IWEVENT = 0;       ///< current entry of the date table, cycled
 
-  std::string WTRELFILE;                ///< water level file
+  std::string WTRELFILE;  ///< water level file
   std::int32_t NWLREC = 0;
-  float DTWL = 0.0f;                    ///< time step of the water level file, h
+  float DTWL = 0.0f;  ///< time step of the water level file, h
 
-  std::int32_t TIDEFLAG = 0;            ///< 1: tidal current files are given
+  std::int32_t TIDEFLAG = 0;  ///< 1: tidal current files are given
   std::int32_t NTCRNTREC = 0;
-  Array1<std::int32_t> ITCEND;          ///< last cell served by each tidal current file
+  Array1<std::int32_t> ITCEND;  ///< last cell served by each tidal current file
   Array1<std::string> TCRNTFILE;
-  float KTIDE = 1.0f;                   ///< tidal current factor
+  float KTIDE = 1.0f;  ///< tidal current factor
 };
 
 }  // namespace kelprun

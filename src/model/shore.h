@@ -9,13 +9,13 @@ struct Shore {
   /// Shoreline position, positive seaward, measured from YREG once the run has begun. Writers in
   /// call order: the file reader, set-up, beach fills, the calm step, inlet placement, the sweep.
   PerCell<double> Y;
-  PerCell<double> YOLD;     ///< Y at the start of the pass, inlets bridged (run/)
-  PerCell<double> YPREV;    ///< Y at entry of the sediment step (coast/)
-  PerCell<double> YSTART;   ///< initial Y (run/)
-  PerCell<float> YMAX;      ///< seawardmost position so far (run/)
-  PerCell<float> YMIN;      ///< landwardmost position so far (run/)
-  PerCell<float> YDIFF;     ///< Y less YSTART at the year block (run/)
-  PerCell<float> YREG;      ///< regional contour (input/)
+  PerCell<double> YOLD;    ///< Y at the start of the pass, inlets bridged (run/)
+  PerCell<double> YPREV;   ///< Y at entry of the sediment step (coast/)
+  PerCell<double> YSTART;  ///< initial Y (run/)
+  PerCell<float> YMAX;     ///< seawardmost position so far (run/)
+  PerCell<float> YMIN;     ///< landwardmost position so far (run/)
+  PerCell<float> YDIFF;    ///< Y less YSTART at the year block (run/)
+  PerCell<float> YREG;     ///< regional contour (input/)
   /// Offshore contour that the waves refract over. Writers: the contour file with IREG 3, else the
   /// contour smoothing of each pass. It carries an offset of 300 m in the second case.
   PerCell<float> YCON;
@@ -26,9 +26,9 @@ struct Shore {
   /// Orientation of the live shoreline at the walls. Writers in call order: the shoreline
   /// orientation of each pass, the groin factors (limit of a quarter of pi).
   PerWall<float> ALPHA;
-  PerCell<double> YSW;      ///< landward limit, -9999 without a seawall (coast/)
-  PerCell<double> YBW;      ///< breakwater line ahead of the shoreline, 99999 without one (coast/)
-  PerWall<double> DYSRC;    ///< source rate of bypass material, m2/s (coast/)
+  PerCell<double> YSW;    ///< landward limit, -9999 without a seawall (coast/)
+  PerCell<double> YBW;    ///< breakwater line ahead of the shoreline, 99999 without one (coast/)
+  PerWall<double> DYSRC;  ///< source rate of bypass material, m2/s (coast/)
 };
 
 }  // namespace kelprun

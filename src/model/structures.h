@@ -8,17 +8,17 @@ namespace kelprun {
 
 /// Groins as configured and merged. Owner: input/; ICSTR, BYPF, QGR: coast/.
 struct Groins {
-  std::int32_t NNDG = 0;                    ///< non-diffracting groins
-  Array1<std::int32_t> IXNDG;               ///< wall
-  Array1<float> YNDG, PNDG;                 ///< tip position, m; permeability
-  std::int32_t NDG = 0;                     ///< diffracting groins
+  std::int32_t NNDG = 0;       ///< non-diffracting groins
+  Array1<std::int32_t> IXNDG;  ///< wall
+  Array1<float> YNDG, PNDG;    ///< tip position, m; permeability
+  std::int32_t NDG = 0;        ///< diffracting groins
   Array1<std::int32_t> IXDG;
-  Array1<float> YDG, DDG, PDG;              ///< tip position, m; depth at the tip, m; permeability
+  Array1<float> YDG, DDG, PDG;  ///< tip position, m; depth at the tip, m; permeability
 
-  std::int32_t NGRP = 0;                    ///< all groins, ascending by wall
+  std::int32_t NGRP = 0;  ///< all groins, ascending by wall
   Array1<std::int32_t> IXGRP;
-  Array1<float> YGT, PGR;                   ///< tip position, m; permeability
-  Array1<float> BYPF;                       ///< factor on the transport of the groin's wall
+  Array1<float> YGT, PGR;  ///< tip position, m; permeability
+  Array1<float> BYPF;      ///< factor on the transport of the groin's wall
 
   /// Structure type of a wall: 0 none; 1, 3, 4 diffracting groin with its tip seaward of, level
   /// with, landward of the shoreline; 2 beside a diffracting groin; -1, -2 non-diffracting groin
@@ -29,13 +29,13 @@ struct Groins {
 /// Detached breakwaters as configured. Owner: input/; IBWST: coast/.
 struct Breakwaters {
   std::int32_t NDB = 0;
-  Array1<std::int32_t> DBI1, DBI2;          ///< cells of the left and right tip
-  Array1<float> DBY1, DBY2;                 ///< distance of the tips from the baseline, m
-  Array1<float> DBDEP1, DBDEP2;             ///< depth at the tips, m
-  Array1<float> TRANDB;                     ///< transmission coefficient
-  Array1<std::int32_t> KTMETDB;             ///< transmission method
-  Array1<float> HDB, BDB, SSDB, SHSDB;      ///< crest height and width, seaward and shoreward slope
-  Array1<float> D50DB, PDB;                 ///< stone size; kept and not used
+  Array1<std::int32_t> DBI1, DBI2;      ///< cells of the left and right tip
+  Array1<float> DBY1, DBY2;             ///< distance of the tips from the baseline, m
+  Array1<float> DBDEP1, DBDEP2;         ///< depth at the tips, m
+  Array1<float> TRANDB;                 ///< transmission coefficient
+  Array1<std::int32_t> KTMETDB;         ///< transmission method
+  Array1<float> HDB, BDB, SSDB, SHSDB;  ///< crest height and width, seaward and shoreward slope
+  Array1<float> D50DB, PDB;             ///< stone size; kept and not used
 
   /// Cell against breakwater: 0 none, 1 shoreline landward of the line, -1 on it, -2 beyond it.
   PerWall<std::int32_t> IBWST;
@@ -44,8 +44,8 @@ struct Breakwaters {
 /// Seawalls as configured. Owner: input/.
 struct Seawalls {
   std::int32_t NSW = 0;
-  Array1<std::int32_t> ISWBEG, ISWEND;      ///< first and last cell
-  Array1<float> SWY1, SWY2;                 ///< position at the two ends, in the file's unit
+  Array1<std::int32_t> ISWBEG, ISWEND;  ///< first and last cell
+  Array1<float> SWY1, SWY2;             ///< position at the two ends, in the file's unit
 };
 
 /// A point where waves may bend: cell, distance from the baseline and depth, m.
@@ -63,10 +63,10 @@ inline constexpr std::int32_t EXHAUSTED = 9999;
 
 /// Tips in coast order, as the checks of the configuration lay them out. Owner: input/.
 struct Tips {
-  Array1<Tip> breakwater_tips;   ///< both tips of each breakwater, with the virtual ends
-  Array1<Tip> groin_tips;        ///< inner diffracting groins twice, those on a boundary once
-  Array1<Tip> tips;              ///< merge of the two, ascending by cell
-  std::int32_t NZ = 0;           ///< diffraction zones
+  Array1<Tip> breakwater_tips;  ///< both tips of each breakwater, with the virtual ends
+  Array1<Tip> groin_tips;       ///< inner diffracting groins twice, those on a boundary once
+  Array1<Tip> tips;             ///< merge of the two, ascending by cell
+  std::int32_t NZ = 0;          ///< diffraction zones
 };
 
 }  // namespace kelprun

@@ -60,9 +60,8 @@ void Tables::write_state(const Model& m) {
   write_row(OFF, POSITION, date, NX_, [&](std::int32_t i) {
     return static_cast<double>((shore.YCON(i) + shore.YREG(i)) / s.CONV);
   });
-  write_row(VCC, POSITION, date, NX_, [&](std::int32_t i) {
-    return static_cast<double>(m.ledgers.VOLCELL(i) / s.CONVYD3);
-  });
+  write_row(VCC, POSITION, date, NX_,
+            [&](std::int32_t i) { return static_cast<double>(m.ledgers.VOLCELL(i) / s.CONVYD3); });
   write_row(VCX, POSITION, date, NX_, [&](std::int32_t i) {
     return static_cast<double>(m.ledgers.VOLLEN(i) * s.CONV / s.CONVYD3);
   });

@@ -152,7 +152,8 @@ void reduce_step(Model& m, float S, Report& report) {
   for (;;) {
     const float before = c.DT;
     const float half = 0.5f * c.DT;
-    c.DT = m.settings.DTMIN > static_cast<double>(half) ? static_cast<float>(m.settings.DTMIN) : half;
+    c.DT =
+        m.settings.DTMIN > static_cast<double>(half) ? static_cast<float>(m.settings.DTMIN) : half;
     S = current_stability(m);
     if (!(S > m.settings.STABMIN)) break;
     if (c.DT == before) {
@@ -195,7 +196,7 @@ float stability_parameter(const Grid& grid, const Profile& profile, const Waves&
 
 void warn_of_instability(const Settings& settings, const Series& series, const Waves& waves,
                          float S, Clock& clock, Report& report) {
-  constexpr float UNSTABLE = 0.5f;   // follows neither STABMIN nor STABMAX
+  constexpr float UNSTABLE = 0.5f;  // follows neither STABMIN nor STABMAX
   if (!(S > UNSTABLE)) return;
   console_line("WARNING!  Solution is unstable.");
   console_line("Check printable output file for details.");

@@ -90,8 +90,8 @@ void move_sand(Run& run) {
   Model& m = run.model;
   bring_waves_to_breaking(run);
   check_stability(run);
-  SEDSTEP(m.settings, m.clock.DT, m.grid, m.profile, m.boundaries, m.waves, m.groins,
-          m.breakwaters, m.inlets, m.shore, m.transport);
+  SEDSTEP(m.settings, m.clock.DT, m.grid, m.profile, m.boundaries, m.waves, m.groins, m.breakwaters,
+          m.inlets, m.shore, m.transport);
   add_transport(m.grid, m.transport, m.clock.VOLFAC, m.settings.CONVYD3, m.ledgers);
 }
 

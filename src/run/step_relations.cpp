@@ -45,7 +45,8 @@ void check_water_level_step(float DTWL, float DT, Report& report) {
     fatal("ERROR. Simulation time step greater than water level time step");
   }
   if (!is_multiple(DTWL, DT)) {
-    report.line(" ERROR. TIME STEP IN WATER LEVEL FILE MUST BE A MULTIPLE OF SIMULATION TIME STEP.");
+    report.line(
+        " ERROR. TIME STEP IN WATER LEVEL FILE MUST BE A MULTIPLE OF SIMULATION TIME STEP.");
     report.line(" PLEASE REVIEW AND REVISE YOUR .cfg AND INPUT WATER LEVEL FILES AS APPROPRIATE.");
     fatal("ERROR. Water level time step not a multiple of simulation time step");
   }

@@ -13,7 +13,8 @@ std::string real_text(Real value) {
   if (std::isnan(value)) return "NaN";
   if (std::isinf(value)) return value < 0 ? "-Infinity" : "Infinity";
   const Real size = std::abs(value);
-  const bool fixed = size == 0 || (size >= static_cast<Real>(1e-4) && size <= static_cast<Real>(1e9));
+  const bool fixed =
+      size == 0 || (size >= static_cast<Real>(1e-4) && size <= static_cast<Real>(1e9));
   std::array<char, 64> digits;
   const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value,
                                  fixed ? std::chars_format::fixed : std::chars_format::scientific);

@@ -28,7 +28,8 @@ bool InputFile::next_line() {
   if (!std::getline(stream_, line_)) return false;
   ++line_number_;
   constexpr std::string_view BYTE_ORDER_MARK = "\xEF\xBB\xBF";
-  if (line_number_ == 1 && line_.starts_with(BYTE_ORDER_MARK)) line_.erase(0, BYTE_ORDER_MARK.size());
+  if (line_number_ == 1 && line_.starts_with(BYTE_ORDER_MARK))
+    line_.erase(0, BYTE_ORDER_MARK.size());
   if (line_.ends_with('\r')) line_.pop_back();
   std::replace(line_.begin(), line_.end(), '\t', ' ');
   return true;

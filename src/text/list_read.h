@@ -47,10 +47,10 @@ class ListReader {
   std::string_view text_;
   std::size_t position_ = 0;
   std::string_view token_;
-  std::int32_t repeats_ = 0;      ///< how often the last item is still to be given
+  std::int32_t repeats_ = 0;  ///< how often the last item is still to be given
   bool repeats_null_ = false;
-  bool behind_value_ = false;     ///< a comma now separates; otherwise it is a null item
-  bool ended_ = false;            ///< a slash has ended the list
+  bool behind_value_ = false;  ///< a comma now separates; otherwise it is a null item
+  bool ended_ = false;         ///< a slash has ended the list
 };
 
 }  // namespace kelprun

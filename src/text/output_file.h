@@ -32,8 +32,8 @@ class OutputFile {
   std::unique_ptr<std::FILE, Closer> file_;
   std::string name_;
   std::int64_t records_ = 0;
-  std::uintmax_t pending_ = 0;   ///< bytes of the records since the last flush
-  std::uintmax_t safe_ = 0;      ///< bytes of the records that have reached the file
+  std::uintmax_t pending_ = 0;  ///< bytes of the records since the last flush
+  std::uintmax_t safe_ = 0;     ///< bytes of the records that have reached the file
 };
 
 }  // namespace kelprun

@@ -29,8 +29,7 @@ inline BreakingWave BREAKDIRECT(float k, float H, float T, float Z, float n, flo
   const float Lambda = std::pow(std::abs(cr) / E, 0.4f);
   const float xi = (sr * sr) * Lambda;
   const float xi2 = xi * xi;
-  const float P =
-      ((0.5948f - 1.6787f * xi) * xi + 0.1649f) * xi + (2.8573f * (xi2 * xi2) + 1.0f);
+  const float P = ((0.5948f - 1.6787f * xi) * xi + 0.1649f) * xi + (2.8573f * (xi2 * xi2) + 1.0f);
   const float lam = Lambda * P;
   const float db = (c * c * lam) / G;
   const Dispersion at_breaking = DISPERSE(T, db);

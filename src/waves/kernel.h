@@ -61,7 +61,7 @@ struct TransformedWave {
 /// chapter 4). SIGMA is the angular frequency of the step, WK0 its deep-water wave number.
 inline TransformedWave TRANSFORM(float k1, float H1, float Z1, float Cg1, float A, float d2,
                                  float WK0, float SIGMA) {
-  constexpr float DEEP = 10.0f;   // not the limit that DISPERSE has, and meant so
+  constexpr float DEEP = 10.0f;  // not the limit that DISPERSE has, and meant so
   const float x = WK0 * d2;
   const float k2 = std::sqrt(WK0 * (x + 1.0f / pade_polynomial(x)) / d2);
   const float s1 = std::sin(Z1 - A);

@@ -10,8 +10,7 @@ namespace kelprun {
 
 bool is_calm(const Grid& grid, const Waves& waves) {
   bool calm = false;
-  for (std::int32_t i = 1; i <= grid.NX; ++i)
-    calm |= waves.TRF(i) <= 0.0f || waves.HRF(i) == 0.0f;
+  for (std::int32_t i = 1; i <= grid.NX; ++i) calm |= waves.TRF(i) <= 0.0f || waves.HRF(i) == 0.0f;
   return calm;
 }
 
@@ -40,8 +39,8 @@ void break_waves(const Settings& settings, const Grid& grid, Waves& w, PerWall<f
       w.ZRF(i) = 0.0f;
       ALPHAC(i) = 0.0f;
     }
-    const BreakingWave wave = BREAKDIRECT(w.WKRF(i), w.HRF(i), w.TRF(i), w.ZRF(i), w.NRF(i),
-                                          ALPHAC(i), settings.GAMMA);
+    const BreakingWave wave =
+        BREAKDIRECT(w.WKRF(i), w.HRF(i), w.TRF(i), w.ZRF(i), w.NRF(i), ALPHAC(i), settings.GAMMA);
     w.HBU(i) = wave.Hb;
     w.ZBU(i) = wave.Zb;
     w.WKBU(i) = wave.kb;
