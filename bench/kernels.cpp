@@ -49,6 +49,10 @@ Model curved_coast() {
   sum_zones(m.grid, m.waves);
   smooth_field(m.grid, m.waves);
   set_group_speed(m.settings, m.grid, m.waves);
+  const TransportConstants constants = transport_constants(1.0f, m.settings.GAMMA);
+  clear_transport(constants, m.settings, m.grid, m.profile, m.waves, m.transport);
+  compute_transport(constants, m.settings, m.grid, m.profile, m.waves, m.shore, m.groins,
+                    m.breakwaters, m.transport);
   return m;
 }
 

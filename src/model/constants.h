@@ -11,7 +11,7 @@ inline constexpr float G = 9.806f;
 /// Pi as the model holds it: one step above the nearest single-precision value, and meant so.
 inline constexpr float PI = 3.141593f;
 
-/// Coefficients c1 to c9 of the Pade form of the linear dispersion relation (Hunt, J. H. 1979,
+/// Coefficients c1 to c9 of the Pade form of the linear dispersion relation (Hunt, J. N. 1979,
 /// "Direct solution of wave dispersion equation", J. Waterway Port Coastal Ocean Div. ASCE 105(4)).
 inline constexpr std::array<float, 9> PADE = {0.66667f, 0.35555f, 0.16084f, 0.0632f, 0.02174f,
                                               0.00654f, 0.00171f, 0.00039f, 0.00011f};
