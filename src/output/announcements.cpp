@@ -17,12 +17,12 @@ void announce_program() {
 
 void announce_years(const Clock& clock) {
   const std::string ORNAMENT(65, '*');
-  const auto number = [](int width, std::int32_t value) {
+  const auto number = [](int width, std::int64_t value) {
     std::string field(static_cast<std::size_t>(width), ' ');
     put_integer(field.data(), width, value);
     return field;
   };
-  const std::int32_t years = (clock.NEXTDATE - clock.SIMDATS) / 10000;
+  const std::int64_t years = (std::int64_t{clock.NEXTDATE} - clock.SIMDATS) / 10000;
   console_record("");
   for (int line = 1; line <= 3; ++line) console_line(ORNAMENT);
   console_record("CALCULATED " + number(3, years) + " YEARS  =" + number(8, clock.ITS) +

@@ -54,8 +54,8 @@ bool take_wave(Run& run) {
     count_wave_event(run);
     if (m.clock.IERR == 1) return false;
     date_wave_warning(m, run.report);
+    if (m.clock.NWSTEP != 1) hold_wave(m.waves);
   }
-  if (m.clock.NWSTEP != 1) hold_wave(m.waves);
   return true;
 }
 
