@@ -36,6 +36,7 @@ void SEDSTEP(const Settings& settings, float DT, const Grid& grid, const Profile
   for (std::int32_t i = 1; i <= grid.NX; ++i) shore.YPREV(i) = shore.Y(i);
   compute_transport(constants, settings, grid, profile, waves, shore, groins, breakwaters,
                     transport);
+  // The relaxation follows, so that it may change the wall next to a pinned or moving end.
   set_boundary_walls(grid, boundaries, transport);
   relax_nodal_points(grid, transport.Q);
   move_shoreline(grid, inlets.INLC, shore, transport);

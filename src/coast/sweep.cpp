@@ -50,10 +50,12 @@ class Sweep {
 
   /// A cell into which both walls bring sand: it comes last of the run on its right.
   std::int32_t converging(std::int32_t I) {
+    // At the end of the grid the last cell moves without a limit, a seawall there included.
     if (I == NX_) {
       move_freely(I);
       return NX_ + 1;
     }
+    // The last cell counts as left-going here, whatever its right wall does.
     if (I + 1 == NX_) {
       walk_down(I + 2, I);
       return NX_ + 1;
@@ -79,6 +81,8 @@ class Sweep {
     if (INLC_(c) != 1) Y_(c) = moved(c);
   }
 
+  /// The cuts of the three kinds leave the sources out, and the cut of a converging cell changes a
+  /// wall whose left cell has already moved: both are meant so.
   void move_right_going(std::int32_t c) {
     if (INLC_(c) == 1) return;
     const auto YO = static_cast<double>(static_cast<float>(Y_(c)));

@@ -56,6 +56,7 @@ float wall_transport(std::int32_t i, float ALF, float D, float SQ, const Setting
   const float HB = waves.HB(i);
   const float K1 = profile.K1CELL(i);
   const float KD = K1 / K_SCALE;
+  // The last wall lies beyond the last width and takes that of the cell before it.
   const float DXW = i == grid.NX + 1 ? grid.DX(i - 1) : grid.DX(i);
   const float slope_term = 4.0f * CB * (profile.K2CELL(i) / KD) / settings.GAMMA / G;
   const float TG = 0.5f * D * slope_term / DXW / waves.TANB;

@@ -85,6 +85,7 @@ void WaveEvents::place_walls(const Grid& grid, const Series& series) {
       place.upper = files;
       p = files;
     }
+    // Where both walls coincide the wall has the lower gauge's values.
     if (lower_wall != upper_wall)
       place.fraction = (grid.XCELL(i) - grid.XCELL(lower_wall)) /
                        (grid.XCELL(upper_wall) - grid.XCELL(lower_wall));

@@ -20,7 +20,8 @@ void sum_zones(const Grid& grid, Waves& waves);
 /// Three-point smoothing of HB and ZB at the inner walls, weights a quarter, a half, a quarter.
 void smooth_field(const Grid& grid, Waves& waves);
 
-/// CGB and WKB at the breaking depth HB/GAMMA for the period of the pass; 0 without a wave.
+/// CGB and WKB at the breaking depth HB/GAMMA; 0 without a wave. All walls take the one period of
+/// the pass, also where the period varies along the coast.
 void set_group_speed(const Settings& settings, const Grid& grid, Waves& waves);
 
 }  // namespace kelprun
