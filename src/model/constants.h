@@ -2,8 +2,13 @@
 
 #include <array>
 #include <cstdint>
+#include <limits>
 
 namespace kelprun {
+
+// Single and double precision are IEEE 754 here: an overflow in rounding to single is infinity, and
+// a comparison with what is no number is false.
+static_assert(std::numeric_limits<float>::is_iec559 && std::numeric_limits<double>::is_iec559);
 
 /// Acceleration of gravity, m/s2, everywhere but in the dispersion relation, which has its own.
 inline constexpr float G = 9.806f;

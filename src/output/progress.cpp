@@ -14,7 +14,7 @@ void Progress::start() {
 }
 
 void Progress::update(const Clock& clock) {
-  if (!wanted_) return;
+  if (!wanted_ || clock.ITS < 1) return;
   constexpr auto INTERVAL = std::chrono::milliseconds(200);
   const auto now = Watch::now();
   if (now - shown_ < INTERVAL) return;

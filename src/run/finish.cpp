@@ -30,7 +30,7 @@ int finish(Run& run) {
   }
   set_mean_rates(c, m.ledgers);
   run.tables.write_means(m.ledgers, c.NEXTDATE);
-  if (c.ITS == c.NTS && c.ITS % c.NDTSAVE != 0) run.tables.write_state(m);
+  if (!c.STOPPED && c.ITS == c.NTS && c.ITS % c.NDTSAVE != 0) run.tables.write_state(m);
   announce_bad_angles(m.waves.NBADANG, run.report);
   console_line("<<<Simulation finished>>>");
   run.report.close();

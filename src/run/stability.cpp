@@ -136,7 +136,7 @@ void rescale(Model& m) {
                            : static_cast<double>(static_cast<float>(c.NDAYS) * c.SPD);
   c.NTS = nearest_integer(steps, "number of time steps");
   c.VOLFAC = volume_factor(c.DT, m.settings.CONVYD3);
-  count_steps(c, m.series);
+  count_steps(c, m.settings, m.series);
   if (c.NWSTEP != 1) hold_wave(m.waves);
   for (Boundary* b : {&m.boundaries.left, &m.boundaries.right})
     b->MOVSTEP = boundary_movement(*b, m.settings.CONV, c.NTS, c.SPD);

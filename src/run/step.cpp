@@ -24,9 +24,32 @@ namespace kelprun {
 
 namespace {
 
+/// A step number that a change of the step length has carried past the last one does not end the
+/// run; far past it the run would never end.
+void watch_overshoot(Clock& c) {
+  if (c.ITS <= c.NTS) return;
+  if (static_cast<double>(c.ITS) > 1.1 * static_cast<double>(c.NTS))
+    run_time_message("time step " + std::to_string(c.ITS) + " has passed the last step " +
+                     std::to_string(c.NTS) + " without meeting it");
+  if (!c.OVERSHOT)
+    warning_line("time step " + std::to_string(c.ITS) + " has been carried past the last step " +
+                 std::to_string(c.NTS) + "; the run goes on");
+  c.OVERSHOT = true;
+}
+
+/// While the step length changes, the step number follows the elapsed time.
 void advance_step_number(Clock& c) {
+  const float before = c.ELAPSED;
   c.ELAPSED += c.DT;
-  c.ITS = c.DTCHANGED ? truncated(static_cast<double>(c.ELAPSED / c.DT), "step number") : c.ITS + 1;
+  if (!c.DTCHANGED) {
+    ++c.ITS;
+  } else {
+    if (c.ELAPSED == before)
+      run_time_message("time step of " + std::to_string(c.DT) +
+                       " h is too short to add to the elapsed " + std::to_string(before) + " h");
+    c.ITS = truncated(static_cast<double>(c.ELAPSED / c.DT), "step number");
+  }
+  watch_overshoot(c);
 }
 
 void count_wave_event(Run& run) {
@@ -154,19 +177,6 @@ void keep_extremes(const Grid& grid, Shore& s) {
   }
 }
 
-/// A step number that a change of the step length has carried past the last one does not end the
-/// run; far past it the run would never end.
-void watch_overshoot(Clock& c) {
-  if (c.ITS <= c.NTS) return;
-  if (static_cast<double>(c.ITS) > 1.1 * static_cast<double>(c.NTS))
-    run_time_message("time step " + std::to_string(c.ITS) + " has passed the last step " +
-                     std::to_string(c.NTS) + " without meeting it");
-  if (!c.OVERSHOT)
-    warning_line("time step " + std::to_string(c.ITS) + " has been carried past the last step " +
-                 std::to_string(c.NTS) + "; the run goes on");
-  c.OVERSHOT = true;
-}
-
 bool stop_at_common_point(Clock& c) {
   c.STOPPED = true;
   return false;
@@ -186,7 +196,6 @@ bool step(Run& run) {
   keep_extremes(m.grid, m.shore);
   if (is_year_end(c)) close_year(m, run.tables);
   if (c.ITS == c.NTS) return false;
-  watch_overshoot(c);
   run.progress.update(c);
   return true;
 }

@@ -88,14 +88,15 @@ void check_step_relations(Model& m, Report& report) {
   if (m.settings.KTMETFLAG == 1) check_water_level_step(m.series.DTWL, DT, report);
   spread_fills(m.events, m.clock.SPD, report);
   m.clock.DAYSTEP = 1.0f / m.clock.SPD;
-  count_steps(m.clock, m.series);
+  count_steps(m.clock, m.settings, m.series);
   m.clock.VOLFAC = volume_factor(DT, m.settings.CONVYD3);
 }
 
-void count_steps(Clock& c, const Series& series) {
+void count_steps(Clock& c, const Settings& settings, const Series& series) {
   c.NDTSAVE = steps_in(c.DTSAVE, c.DT);
   c.NWSTEP = steps_in(series.WAVEDT, c.DT);
-  c.NWLSTEP = steps_in(series.DTWL, c.DT);
+  // Water levels serve computed transmission alone.
+  if (settings.KTMETFLAG == 1) c.NWLSTEP = steps_in(series.DTWL, c.DT);
 }
 
 float volume_factor(float DT, float CONVYD3) { return 3600.0f * DT / CONVYD3; }

@@ -11,7 +11,7 @@ void check_step_relations(Model& model, Report& report);
 
 /// Steps between the records of each interval, nearest integers; an interval that rounds to 0
 /// steps counts as 1.
-void count_steps(Clock& clock, const Series& series);
+void count_steps(Clock& clock, const Settings& settings, const Series& series);
 
 /// From a rate per second to a reported volume per step.
 float volume_factor(float DT, float CONVYD3);

@@ -70,6 +70,28 @@ int wait_or_kill(pid_t pid, double timeout_seconds, bool& timed_out) {
   }
 }
 
+Outcome run_words(const WorkFolder& folder, std::vector<std::string> words,
+                  double timeout_seconds) {
+  std::vector<char*> argv;
+  for (std::string& word : words) argv.push_back(word.data());
+  argv.push_back(nullptr);
+
+  setenv("ASAN_OPTIONS", "exitcode=99", 0);
+  setenv("UBSAN_OPTIONS", "exitcode=99:print_stacktrace=1", 0);
+  const File out = unnamed_file();
+  const File err = unnamed_file();
+  const pid_t pid = fork();
+  if (pid < 0) throw_errno("fork");
+  if (pid == 0) become_program(folder.path(), argv, fileno(out.get()), fileno(err.get()));
+
+  Outcome outcome{};
+  const int status = wait_or_kill(pid, timeout_seconds, outcome.timed_out);
+  outcome.status = WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
+  outcome.out = contents(out);
+  outcome.err = contents(err);
+  return outcome;
+}
+
 [[noreturn]] void throw_bad_row(std::size_t line, const std::string& what) {
   throw std::runtime_error("table line " + std::to_string(line) + ": " + what);
 }
@@ -117,24 +139,11 @@ Outcome run_program(const WorkFolder& folder, const std::vector<std::string>& ar
                     double timeout_seconds) {
   std::vector<std::string> words{KELPRUN_PROGRAM};
   words.insert(words.end(), args.begin(), args.end());
-  std::vector<char*> argv;
-  for (std::string& word : words) argv.push_back(word.data());
-  argv.push_back(nullptr);
+  return run_words(folder, words, timeout_seconds);
+}
 
-  setenv("ASAN_OPTIONS", "exitcode=99", 0);
-  setenv("UBSAN_OPTIONS", "exitcode=99:print_stacktrace=1", 0);
-  const File out = unnamed_file();
-  const File err = unnamed_file();
-  const pid_t pid = fork();
-  if (pid < 0) throw_errno("fork");
-  if (pid == 0) become_program(folder.path(), argv, fileno(out.get()), fileno(err.get()));
-
-  Outcome outcome{};
-  const int status = wait_or_kill(pid, timeout_seconds, outcome.timed_out);
-  outcome.status = WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
-  outcome.out = contents(out);
-  outcome.err = contents(err);
-  return outcome;
+Outcome run_shell(const WorkFolder& folder, const std::string& command, double timeout_seconds) {
+  return run_words(folder, {"/bin/sh", "-c", command, KELPRUN_PROGRAM}, timeout_seconds);
 }
 
 std::vector<std::string> lines(const std::string& text) {

@@ -40,6 +40,11 @@ class WorkFolder {
 Outcome run_program(const WorkFolder& folder, const std::vector<std::string>& args,
                     double timeout_seconds = 10.0);
 
+/// The same through the shell, for a run with a closed output or a limit: "$0" in the command is
+/// the program.
+Outcome run_shell(const WorkFolder& folder, const std::string& command,
+                  double timeout_seconds = 10.0);
+
 /// The lines without their line ends. A last line without its end counts as a line.
 std::vector<std::string> lines(const std::string& text);
 
