@@ -101,6 +101,7 @@ bool read_and_check(const std::string& name, Model& m, InputFiles& files, Report
   check_breakwaters(m);
   check_left_boundary(m);
   check_right_boundary(m);
+  refuse_tips(m.breakwaters, m.grid.NX);
   merge_tips(m);
   check_fills(m.events, m.grid, m.settings.CONV);
   refuse_nonsense(m);

@@ -112,10 +112,6 @@ bool read_tidal_line(Reading& r, std::string_view value) {
   return true;
 }
 
-void keep_groin_depth(Reading& r) {
-  next(r, r.model.groins.DDG, capacity::DIFFRACTING_GROINS) = r.last_DDG;
-}
-
 void note_transmission_method(Reading& r) {
   Breakwaters& breakwaters = r.model.breakwaters;
   r.model.settings.KTMETFLAG = 1;

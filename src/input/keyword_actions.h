@@ -59,7 +59,6 @@ bool read_water_level_line(Reading& r, std::string_view value);
 /// One tidal current station: last cell served, number of records, name.
 bool read_tidal_line(Reading& r, std::string_view value);
 
-void keep_groin_depth(Reading& r);
 void note_transmission_method(Reading& r);
 
 /// An equilibrium volume of 0 is replaced by 0.00001, so that all fill ratios exist.

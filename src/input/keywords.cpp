@@ -134,7 +134,8 @@ const std::array KEYWORDS = {
     real("PNDG", [](R& r) -> F& { return next(r, r.model.groins.PNDG, NON_DIFFRACTING_GROINS); }),
     int8("IXDG", [](R& r) -> I& { return counted(r, r.model.groins.NDG, r.model.groins.IXDG, DIFFRACTING_GROINS); }),
     real("YDG", [](R& r) -> F& { return next(r, r.model.groins.YDG, DIFFRACTING_GROINS); }),
-    real("DDG", [](R& r) -> F& { return r.last_DDG; }, keep_groin_depth),
+    real("DDG", [](R& r) -> F& { return next(r, r.model.groins.DDG, DIFFRACTING_GROINS); },
+         [](R& r) { r.last_DDG = r.model.groins.DDG(r.model.groins.DDG.size()); }),
     real("PDG", [](R& r) -> F& { return next(r, r.model.groins.PDG, DIFFRACTING_GROINS); }),
 
     // Detached breakwaters

@@ -71,8 +71,6 @@ void check_series(const Series& s, std::int32_t NX) {
 
 void check_structures(const Model& m) {
   const std::int32_t NX = m.grid.NX;
-  demand_indices("DBI1", m.breakwaters.DBI1, NX + 1);
-  demand_indices("DBI2", m.breakwaters.DBI2, NX + 1);
   demand_capacity("ISWBEG", m.seawalls.NSW, capacity::SEAWALLS);
   demand_indices("ISWBEG", m.seawalls.ISWBEG, NX);
   demand_indices("ISWEND", m.seawalls.ISWEND, NX);
@@ -111,6 +109,11 @@ void refuse_nonsense(const Model& m) {
   if (m.clock.NTS < 1)
     fatal("SIMDATE " + std::to_string(m.clock.SIMDATE) + " gives a run of " +
           std::to_string(m.clock.NTS) + " time steps");
+}
+
+void refuse_tips(const Breakwaters& b, std::int32_t NX) {
+  demand_indices("DBI1", b.DBI1, NX + 1);
+  demand_indices("DBI2", b.DBI2, NX + 1);
 }
 
 void refuse_widths(const Grid& grid) {

@@ -13,6 +13,9 @@ void refuse_empty_grid(std::int32_t NX);
 /// Everything that can be told once the configuration has passed its other checks.
 void refuse_nonsense(const Model& model);
 
+/// Tips of breakwaters, ahead of the merge of all tips.
+void refuse_tips(const Breakwaters& breakwaters, std::int32_t NX);
+
 /// Cell widths, once they are known for every cell.
 void refuse_widths(const Grid& grid);
 

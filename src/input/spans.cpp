@@ -14,8 +14,8 @@ void expand_spans(const Spans& spans, std::int32_t NX, float factor, PerWall<flo
   // NX itself is tested behind the expansion: too many cells are cut here and refused there.
   const std::int32_t held = std::clamp(NX, 0, capacity::CELLS);
   cells.take(held);
-  const auto fill = [&](std::int32_t first, std::int32_t last, float value) {
-    for (std::int32_t i = first; i <= std::min(last, held + 1); ++i) cells(i) = value * factor;
+  const auto fill = [&](std::int64_t first, std::int32_t last, float value) {
+    for (std::int64_t i = first; i <= std::min(last, held + 1); ++i) cells(i) = value * factor;
   };
 
   if (spans.ends(1) == 0) {
@@ -27,7 +27,7 @@ void expand_spans(const Spans& spans, std::int32_t NX, float factor, PerWall<flo
     return;
   }
   bool beyond = false;
-  std::int32_t begin = 1;
+  std::int64_t begin = 1;
   for (std::int32_t i = 1; i <= held + 1; ++i) {
     const std::int32_t end = spans.ends(i);
     if (end < 0)
@@ -39,7 +39,7 @@ void expand_spans(const Spans& spans, std::int32_t NX, float factor, PerWall<flo
       break;
     }
     fill(begin, end, spans.values(i));
-    begin = end + 1;
+    begin = std::int64_t{end} + 1;
   }
   if (beyond)
     warning_line(std::string(spans.end_keyword) +

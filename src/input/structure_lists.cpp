@@ -117,7 +117,7 @@ void merge_by_cell(Tips& t) {
     }
     const Tip taken = breakwaters(i++);
     t.tips.append(taken);
-    if (cell(groins, j) != taken.cell) continue;
+    if (j > groins.size() || groins(j).cell != taken.cell) continue;
     const float groin_Y = groins(j).Y;
     const bool next_at_cell = cell(breakwaters, i) == taken.cell;
     if (groin_Y > taken.Y || (groin_Y < taken.Y && next_at_cell))

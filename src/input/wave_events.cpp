@@ -63,9 +63,8 @@ GaugeWave screened(GaugeWave wave, std::int32_t& NBADANG) {
 
 void WaveEvents::place_walls(const Grid& grid, const Series& series) {
   const std::int32_t files = series.IWEND.size();
-  read_.assign(static_cast<std::size_t>(files), {});
+  positions_.assign(static_cast<std::size_t>(files), {});
   gauges_.assign(static_cast<std::size_t>(files), {});
-  records_.assign(static_cast<std::size_t>(files), 0);
   places_.take(grid.NX);
   std::int32_t p = 1;
   for (std::int32_t i = 1; i <= grid.NX + 1; ++i) {
@@ -92,30 +91,29 @@ void WaveEvents::place_walls(const Grid& grid, const Series& series) {
   }
 }
 
-GaugeWave WaveEvents::read_record(std::size_t n, InputFile& file, const Series& series,
-                                  const Clock& clock) {
-  std::int32_t date = 0;
-  std::int16_t hour = 0;
-  GaugeWave wave;
+void WaveEvents::read_record(std::size_t n, InputFile& file, const Series& series,
+                             const Clock& clock) {
+  Position& at = positions_[n];
   do {
-    const std::int32_t record = ++records_[n];
+    ++at.records;
     ListReader list(file);
     const auto check = [&](Item item) {
       if (item == Item::bad)
-        file.failure(record, "'" + std::string(list.item_text()) + "' is no number of its kind");
+        file.failure(at.records,
+                     "'" + std::string(list.item_text()) + "' is no number of its kind");
       if (item == Item::end_of_file)
-        file.failure(record, "the file ends here, but the run needs " + std::to_string(events_) +
-                                 " wave records by time step " + std::to_string(clock.ITS));
+        file.failure(at.records, "the file ends here, but the run needs " +
+                                     std::to_string(events_) + " wave records by time step " +
+                                     std::to_string(clock.ITS));
     };
     if (series.WAVEID > 0) {
-      check(list.read(date));
-      check(list.read(hour));
+      check(list.read(at.date));
+      check(list.read(at.hour));
     }
-    check(list.read(wave.HZ));
-    check(list.read(wave.T));
-    check(list.read(wave.ZZ));
-  } while (series.WAVEID > 0 && date < clock.SIMDATS);
-  return wave;
+    check(list.read(at.wave.HZ));
+    check(list.read(at.wave.T));
+    check(list.read(at.wave.ZZ));
+  } while (series.WAVEID > 0 && at.date < clock.SIMDATS);
 }
 
 void WaveEvents::read(InputFiles& files, const Settings& settings, const Grid& grid,
@@ -123,9 +121,9 @@ void WaveEvents::read(InputFiles& files, const Settings& settings, const Grid& g
   ++events_;
   for (std::size_t n = 0; n < gauges_.size(); ++n) {
     // A steady file holds one record: once read it serves all events.
-    if (series.WAVEID > 0 || records_[n] == 0)
-      read_[n] = read_record(n, files.waves[n], series, clock);
-    gauges_[n] = screened(read_[n], waves.NBADANG);
+    if (series.WAVEID > 0 || positions_[n].records == 0)
+      read_record(n, files.waves[n], series, clock);
+    gauges_[n] = screened(positions_[n].wave, waves.NBADANG);
   }
   const auto gauge = [&](std::int32_t n) { return gauges_[static_cast<std::size_t>(n - 1)]; };
 

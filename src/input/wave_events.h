@@ -40,13 +40,20 @@ class WaveEvents {
     float fraction = 0.0f;   ///< of the way from the left to the right one
   };
 
-  GaugeWave read_record(std::size_t n, InputFile& file, const Series& series, const Clock& clock);
+  /// What a file stands at: an item that a record leaves out keeps the value of the record before.
+  struct Position {
+    std::int32_t records = 0;  ///< read so far
+    std::int32_t date = 0;
+    std::int16_t hour = 0;
+    GaugeWave wave;  ///< as it stands in the file
+  };
+
+  void read_record(std::size_t n, InputFile& file, const Series& series, const Clock& clock);
 
   PerWall<Place> places_;
-  std::vector<GaugeWave> read_;        ///< the last record of each file as it stands there
-  std::vector<GaugeWave> gauges_;      ///< the same after screening
-  std::vector<std::int32_t> records_;  ///< records read so far, a file
-  std::int32_t events_ = 0;            ///< wave events read so far
+  std::vector<Position> positions_;  ///< one a file
+  std::vector<GaugeWave> gauges_;    ///< waves of the event, after screening
+  std::int32_t events_ = 0;          ///< wave events read so far
 };
 
 }  // namespace kelprun

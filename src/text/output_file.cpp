@@ -14,6 +14,13 @@ bool OutputFile::open(const std::string& name, bool emptied) {
   records_ = 0;
   pending_ = 0;
   safe_ = 0;
+  // A pipe would wait for a reader for ever.
+  std::error_code ignored;
+  const auto kind = std::filesystem::status(name, ignored).type();
+  if (kind == std::filesystem::file_type::fifo || kind == std::filesystem::file_type::socket) {
+    errno = EINVAL;
+    return false;
+  }
   file_.reset(std::fopen(name.c_str(), emptied ? "wb" : "ab"));
   return is_open();
 }
