@@ -1,0 +1,100 @@
+#include "verification/coast.h"
+
+#include <cstdio>
+#include <filesystem>
+#include <sstream>
+#include <stdexcept>
+
+#include "text/stop.h"
+
+namespace kelptest {
+
+namespace {
+
+[[noreturn]] void throw_stop(int status) {
+  throw std::runtime_error("the run stopped with status " + std::to_string(status));
+}
+
+/// Four header lines and ten values a line.
+std::string cell_file(const std::vector<double>& values) {
+  std::ostringstream file;
+  file.precision(17);
+  for (int header = 1; header <= 4; ++header) file << "header " << header << "\n";
+  for (std::size_t i = 0; i < values.size(); ++i)
+    file << values[i] << (i % 10 == 9 || i + 1 == values.size() ? "\n" : " ");
+  return file.str();
+}
+
+std::string configuration(const Coast& coast) {
+  const std::string NX = std::to_string(coast.NX());
+  std::map<std::string, std::string> keywords{
+      {"NX", NX},
+      {"DX", digits(coast.DX)},
+      {"DT", digits(coast.DT)},
+      {"DTSAVE", digits(coast.DT * coast.steps)},
+      {"SIMDATE", std::to_string(coast.steps)},
+      {"WAVEID", NX + " " + digits(gauge_depth) + " 0 waves.dat"},
+      {"K1", digits(K1_of_the_coast)},
+      {"K2", "1e-6"},
+      {"DCLOS", "7"},
+      {"BERMHT", "1"},
+      {"D50", digits(D50_of_the_coast)},
+      {"ISMOOTH", "1"},
+  };
+  for (const char* end :
+       {"IK1END", "IK2END", "IHAMPEND", "ITHETAAMPEND", "ITHETADELEND", "IBERMHTEND", "IDCLOSEND"})
+    keywords[end] = NX;
+  if (!coast.contour.empty()) {
+    keywords["IREG"] = "3";
+    keywords["REGFILE"] = "contour.dat";
+  }
+  for (const auto& [keyword, value] : coast.keywords) keywords[keyword] = value;
+  return basic_configuration(keywords, coast.more_lines);
+}
+
+}  // namespace
+
+std::string digits(double value) {
+  std::ostringstream text;
+  text.precision(17);
+  text << value;
+  return text.str();
+}
+
+std::string steady_wave(double H, double T, double degrees) {
+  return digits(H) + " " + digits(T) + " " + digits(degrees) + "\n";
+}
+
+void measured(const std::string& what, double value) {
+  std::printf("measured: %s = %.3g\n", what.c_str(), value);
+}
+
+void write_coast(const WorkFolder& folder, const Coast& coast) {
+  folder.write("run.cfg", configuration(coast));
+  folder.write("shore.dat", cell_file(coast.shoreline));
+  folder.write("waves.dat", coast.waves);
+  if (!coast.contour.empty()) folder.write("contour.dat", cell_file(coast.contour));
+}
+
+CoastRun::CoastRun(const Coast& coast) {
+  write_coast(folder_, coast);
+  kelprun::set_stop_handler(throw_stop);
+  // The names in a configuration hold from the folder in which the program is started.
+  const std::filesystem::path home = std::filesystem::current_path();
+  std::filesystem::current_path(folder_.path());
+  kelprun::setup(run_, "run.cfg");
+  std::filesystem::current_path(home);
+}
+
+void CoastRun::to_the_end() {
+  while (step()) {
+  }
+}
+
+std::vector<double> CoastRun::shoreline() const {
+  std::vector<double> values;
+  for (int i = 1; i <= model().grid.NX; ++i) values.push_back(Y(i));
+  return values;
+}
+
+}  // namespace kelptest
