@@ -39,6 +39,7 @@ struct Clock {
   float NSTABSTEPS = 0.0f;   ///< quiet steps wanted before an increase of DT
   bool FIRSTWARN = true;     ///< no unstable block has been written yet
   bool CYCLED = false;       ///< the wave cycling block has been written
+  bool SHORTEST = false;     ///< the step cannot shrink any more, and this has been said
   bool OVERSHOT = false;     ///< ITS has been carried past NTS, and this has been said
   bool NONFINITE = false;    ///< the shoreline holds a value that is not a number
   std::int32_t IERR = 0;     ///< 1 once a failure stops the run at the common stop point

@@ -157,8 +157,10 @@ void reduce_step(Model& m, float S, Report& report) {
     S = current_stability(m);
     if (!(S > m.settings.STABMIN)) break;
     if (c.DT == before) {
-      warning_line("step " + std::to_string(c.ITS) +
-                   ": the solution stays unstable at the smallest time step DTMIN");
+      if (!c.SHORTEST)
+        warning_line("step " + std::to_string(c.ITS) +
+                     ": the solution stays unstable at the smallest time step DTMIN");
+      c.SHORTEST = true;
       break;
     }
   }

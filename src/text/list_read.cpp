@@ -1,7 +1,6 @@
 #include "text/list_read.h"
 
 #include <charconv>
-#include <cmath>
 #include <system_error>
 #include <type_traits>
 
@@ -14,8 +13,19 @@ bool is_digit(char c) { return c >= '0' && c <= '9'; }
 template <class Whole>
 bool parse_whole(std::string_view text, Whole& value) {
   if (text.starts_with('+') && text.size() > 1 && is_digit(text[1])) text.remove_prefix(1);
-  const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
-  return result.ec == std::errc{} && result.ptr == text.data() + text.size();
+  Whole parsed{};
+  const auto result = std::from_chars(text.data(), text.data() + text.size(), parsed);
+  if (result.ec != std::errc{} || result.ptr != text.data() + text.size()) return false;
+  value = parsed;
+  return true;
+}
+
+/// Whether a decimal text that the target cannot hold lies below what it holds, not above.
+bool is_too_small(std::string_view text) {
+  long double wide{};
+  const auto result = std::from_chars(text.data(), text.data() + text.size(), wide);
+  if (result.ec == std::errc{}) return wide < 1.0L;
+  return text.find("e-") != std::string_view::npos;
 }
 
 /// Decimal text to the nearest value of the target's own precision; `1.5d0` is a number, a word
@@ -23,28 +33,25 @@ bool parse_whole(std::string_view text, Whole& value) {
 template <class Real>
 bool parse_real(std::string_view text, Real& value) {
   std::string exponent_e;
-  if (text.find_first_of("dD") != std::string_view::npos) {
+  if (text.find_first_of("dDE") != std::string_view::npos) {
     exponent_e = text;
     for (char& c : exponent_e)
-      if (c == 'd' || c == 'D') c = 'e';
+      if (c == 'd' || c == 'D' || c == 'E') c = 'e';
     text = exponent_e;
   }
-  if (text.starts_with('+')) text.remove_prefix(1);
-  const std::size_t start = text.starts_with('-') ? 1 : 0;
-  if (text.size() <= start || !(is_digit(text[start]) || text[start] == '.')) return false;
+  const bool negative = text.starts_with('-');
+  if (negative || text.starts_with('+')) text.remove_prefix(1);
+  if (text.empty() || !(is_digit(text[0]) || text[0] == '.')) return false;
   Real parsed{};
   const auto result = std::from_chars(text.data(), text.data() + text.size(), parsed);
   if (result.ptr != text.data() + text.size()) return false;
   if (result.ec == std::errc::result_out_of_range) {
-    long double wide{};
-    const auto again = std::from_chars(text.data(), text.data() + text.size(), wide);
-    if (again.ec == std::errc{} ? std::abs(wide) > 1.0L : text.find("e-") == std::string_view::npos)
-      return false;
+    if (!is_too_small(text)) return false;
     parsed = Real{};
   } else if (result.ec != std::errc{}) {
     return false;
   }
-  value = parsed;
+  value = negative ? -parsed : parsed;
   return true;
 }
 

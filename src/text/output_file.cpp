@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
+#include <fstream>
 #include <system_error>
 
 #include "text/stop.h"
@@ -47,12 +48,21 @@ void OutputFile::close() {
 void OutputFile::write_failure() {
   const std::string reason = std::strerror(errno);
   file_.reset();
-  std::error_code ignored;
-  if (std::filesystem::is_regular_file(name_, ignored))
-    std::filesystem::resize_file(name_, safe_, ignored);
+  keep_whole_records();
   const std::string record = std::to_string(records_);
   run_time_message(name_ + ": record " + record + " (line " + record +
                    "): cannot be written: " + reason);
+}
+
+void OutputFile::keep_whole_records() const {
+  std::error_code ignored;
+  if (!std::filesystem::is_regular_file(name_, ignored)) return;
+  std::uintmax_t whole = safe_;
+  std::ifstream written(name_, std::ios::binary);
+  written.seekg(static_cast<std::streamoff>(safe_));
+  for (std::string line; std::getline(written, line) && !written.eof();) whole += line.size() + 1;
+  written.close();
+  std::filesystem::resize_file(name_, whole, ignored);
 }
 
 }  // namespace kelprun

@@ -28,6 +28,8 @@ class OutputFile {
     void operator()(std::FILE* file) const { std::fclose(file); }
   };
   [[noreturn]] void write_failure();
+  /// Cuts off what follows the last record that reached the file as a whole.
+  void keep_whole_records() const;
 
   std::unique_ptr<std::FILE, Closer> file_;
   std::string name_;

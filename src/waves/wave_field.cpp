@@ -10,7 +10,8 @@ namespace kelprun {
 
 bool is_calm(const Grid& grid, const Waves& waves) {
   bool calm = false;
-  for (std::int32_t i = 1; i <= grid.NX; ++i) calm |= !(waves.TRF(i) > 0.0f) || waves.HRF(i) == 0.0f;
+  for (std::int32_t i = 1; i <= grid.NX; ++i)
+    calm |= !(waves.TRF(i) > 0.0f) || waves.HRF(i) == 0.0f;
   return calm;
 }
 

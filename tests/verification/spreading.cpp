@@ -7,7 +7,7 @@
 
 #include "verification/sinusoid.h"
 
-// One-line theory: dy/dt = eps d2y/dx2 (Pelnard-Considere 1956; Larson, Hanson and Kraus 1987),
+// One-line theory: dy/dt = eps d2y/dx2 (Pelnard-Considere 1956; Dean 2002),
 // with eps the effective diffusivity of the case. The wave is so oblique that Q keeps one sign and
 // the relaxation of nodal points does nothing. The term in K2 is switched off (K2 1e-6) but where
 // said.

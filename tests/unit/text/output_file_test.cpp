@@ -1,0 +1,120 @@
+#include "text/output_file.h"
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+#include <csignal>
+#include <string>
+
+#include "support/program.h"
+#include "unit/text/stops.h"
+
+namespace {
+
+using kelprun::OutputFile;
+
+class output_file : public testing::Test {
+ protected:
+  std::string path(const std::string& name) const { return (folder.path() / name).string(); }
+
+  kelptest::WorkFolder folder;
+  OutputFile file;
+};
+
+/// No file may grow beyond `bytes` while this lives, as on a disk that is full.
+class FullDisk {
+ public:
+  explicit FullDisk(rlim_t bytes) : former_signal_(std::signal(SIGXFSZ, SIG_IGN)) {
+    getrlimit(RLIMIT_FSIZE, &former_);
+    const rlimit smaller{bytes, former_.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &smaller);
+  }
+  ~FullDisk() {
+    setrlimit(RLIMIT_FSIZE, &former_);
+    std::signal(SIGXFSZ, former_signal_);
+  }
+  FullDisk(const FullDisk&) = delete;
+  FullDisk& operator=(const FullDisk&) = delete;
+
+ private:
+  void (*former_signal_)(int);
+  rlimit former_{};
+};
+
+TEST_F(output_file, records_become_lines) {
+  ASSERT_TRUE(file.open(path("out.dat"), true));
+  file.record("one");
+  file.record("");
+  file.record("three");
+  file.close();
+  EXPECT_EQ(folder.read("out.dat"), "one\n\nthree\n");
+  EXPECT_FALSE(file.is_open());
+}
+
+TEST_F(output_file, an_emptied_file_loses_what_it_held) {
+  folder.write("out.dat", "old\n");
+  ASSERT_TRUE(file.open(path("out.dat"), true));
+  file.close();
+  EXPECT_EQ(folder.read("out.dat"), "");
+}
+
+TEST_F(output_file, a_file_that_is_not_emptied_keeps_what_it_held) {
+  folder.write("out.dat", "old\n");
+  ASSERT_TRUE(file.open(path("out.dat"), false));
+  file.close();
+  EXPECT_EQ(folder.read("out.dat"), "old\n");
+}
+
+TEST_F(output_file, a_name_in_no_folder_cannot_be_opened) {
+  EXPECT_FALSE(file.open(path("absent/out.dat"), true));
+  EXPECT_FALSE(file.is_open());
+}
+
+TEST_F(output_file, a_pipe_is_not_waited_for) {
+  ASSERT_EQ(mkfifo(path("pipe").c_str(), 0600), 0);
+  EXPECT_FALSE(file.open(path("pipe"), true));
+  EXPECT_FALSE(file.open(path("pipe"), false));
+}
+
+TEST_F(output_file, flushed_records_can_be_read_while_the_file_is_open) {
+  ASSERT_TRUE(file.open(path("out.dat"), true));
+  file.record("one");
+  file.flush();
+  EXPECT_EQ(folder.read("out.dat"), "one\n");
+}
+
+TEST_F(output_file, a_device_without_room_ends_the_run_with_file_and_record) {
+  ASSERT_TRUE(file.open("/dev/full", true));
+  const kelptest::Said said = kelptest::listen([&] {
+    file.record("one");
+    file.record("two");
+    file.flush();
+  });
+  EXPECT_EQ(said.status, 1);
+  EXPECT_EQ(said.err.find("kelprun: /dev/full: record 2 (line 2): cannot be written: "), 0u)
+      << said.err;
+}
+
+TEST_F(output_file, a_full_disk_leaves_whole_records_only) {
+  const std::string record(100, 'x');
+  ASSERT_TRUE(file.open(path("out.dat"), true));
+  kelptest::Said said;
+  {
+    const FullDisk disk(20000);
+    said = kelptest::listen([&] {
+      for (int n = 1; n <= 1000; ++n) {
+        file.record(record);
+        if (n % 7 == 0) file.flush();
+      }
+    });
+  }
+  EXPECT_EQ(said.status, 1);
+  EXPECT_NE(said.err.find("cannot be written"), std::string::npos) << said.err;
+  const auto lines = kelptest::lines(folder.read("out.dat"));
+  // 20000 bytes hold 198 records of 101 bytes and two bytes more, which are cut off again.
+  EXPECT_EQ(lines.size(), 198u);
+  for (const std::string& line : lines) EXPECT_EQ(line, record);
+}
+
+}  // namespace
