@@ -1,5 +1,5 @@
-// Cost of the single pieces of a step. Read the figures as ratios: to one dispersion relation, or to
-// one wall and step of a whole run (bench/whole_runs).
+// Cost of the single pieces of a step. Read the figures as ratios: to one dispersion relation, or
+// to one wall and step of a whole run (bench/whole_runs).
 
 #include <benchmark/benchmark.h>
 
@@ -95,9 +95,8 @@ void breaking(benchmark::State& state) {
 BENCHMARK(breaking);
 
 void undiffracted_field(benchmark::State& state) {
-  along_the_coast(state, [](Model& m) {
-    break_waves(m.settings, m.grid, m.waves, m.shore.ALPHAC);
-  });
+  along_the_coast(state,
+                  [](Model& m) { break_waves(m.settings, m.grid, m.waves, m.shore.ALPHAC); });
 }
 BENCHMARK(undiffracted_field);
 
@@ -123,9 +122,8 @@ void contour(benchmark::State& state) {
 BENCHMARK(contour);
 
 void shoreline_orientation(benchmark::State& state) {
-  along_the_coast(state, [](Model& m) {
-    set_shoreline_orientation(m.grid, m.boundaries, m.groins, m.shore);
-  });
+  along_the_coast(
+      state, [](Model& m) { set_shoreline_orientation(m.grid, m.boundaries, m.groins, m.shore); });
 }
 BENCHMARK(shoreline_orientation);
 
