@@ -77,6 +77,12 @@ struct Keyword {
   void (*then)(Reading&) = nullptr;  ///< what happens besides, once the value is stored
   std::string_view failure = {};     ///< fatal message of a decoding failure of its own
   int width = 0;                     ///< columns of a text
+  /// The keyword whose lines open the record of a list keyword, itself where it is that one; empty
+  /// for a keyword that is no list.
+  std::string_view opener = {};
+  /// The value goes to the record opened last, wherever the line stands; otherwise the n-th line
+  /// belongs to the n-th record.
+  bool to_last_record = false;
 };
 
 /// All keywords of the configuration file, in one place.

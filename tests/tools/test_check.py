@@ -1,0 +1,544 @@
+"""`kelp check`: what a run would silently ignore."""
+
+import ast
+import os
+import re
+import subprocess
+
+import pytest
+from conftest import ROOT, program, run_model
+
+from kelptools import keywords
+from kelptools.checking import findings
+from kelptools.cli import main
+
+TOOLS = ROOT / "tools" / "kelptools"
+
+CONFIGURATION = """\
+KELPRUN:
+KELUNITS: (m)
+WAVUNITS: (m)
+INIFILE: a.shore
+PRFILE: a.prt
+NUMWAVES: 1
+WAVEID: 20 8 11 a.waves
+NX: 20
+DX: 100
+SIMDATS: 20200101
+SIMDATE: 20200111
+DT: 24
+DTSAVE: 48
+K1: 0.77
+IK1END: 20
+K2: 0.38
+IK2END: 20
+HAMP: 1
+IHAMPEND: 20
+THETAAMP: 1
+ITHETAAMPEND: 20
+THETADEL: 0
+ITHETADELEND: 20
+D50: 0.2
+BERMHT: 1
+IBERMHTEND: 20
+DCLOS: 6
+IDCLOSEND: 20
+"""
+LINE = {line.split(":")[0]: number for number, line in enumerate(CONFIGURATION.splitlines(), 1)}
+SHORE = "head\n" * 4 + ("100 " * 10 + "\n") * 2
+WAVES = [f"202001{day:02d} 0000 0.7 8.0 15.0" for day in range(1, 12)]
+
+
+@pytest.fixture
+def told(tmp_path):
+    """Findings of the configuration with `change`s and `more` lines: (line, level, text)."""
+
+    def tell(*changes, more="", shore=SHORE, waves=WAVES):
+        text = CONFIGURATION
+        for old, new in changes:
+            assert old in text
+            text = text.replace(old, new)
+        (tmp_path / "a.cfg").write_text(text + more)
+        (tmp_path / "a.shore").write_text(shore)
+        (tmp_path / "a.waves").write_text("\n".join(waves) + "\n")
+        return [(one.line, one.level, one.text) for one in findings(tmp_path / "a.cfg")]
+
+    return tell
+
+
+FIRST_MORE = len(CONFIGURATION.splitlines()) + 1
+
+
+def test_a_sound_configuration_has_nothing_to_tell_and_runs(told, tmp_path):
+    assert told() == []
+    run_model(tmp_path, "a.cfg")
+
+
+# The table
+
+
+def test_the_table_is_that_of_the_program():
+    named = os.environ.get("KELPRUN_KEYWORDS")
+    tool = named or program().with_name("kelprun_keywords")
+    printed = subprocess.run([tool], capture_output=True, text=True, timeout=20)
+    assert printed.returncode == 0
+    assert printed.stdout == (TOOLS / "keywords.json").read_text()
+
+
+def test_the_table_tells_forms_and_openers():
+    table = keywords.keywords()
+    assert {"K1", "IK1END", "WAVEID", "QQDATE", "VVSAQR", "IDBN"} <= set(table)
+    assert (table["SWY1"].opener, table["SWY1"].to_last_record) == ("ISWBEG", False)
+    assert (table["ISWEND"].opener, table["ISWEND"].to_last_record) == ("ISWBEG", True)
+    assert (table["PDB"].opener, table["KTMETDB"].opener) == ("KTMETDB", "DBI1")
+    assert table["ISWBEG"].opens and table["WAVEID"].opens and not table["NX"].opener
+    assert (table["SIMDATS"].form, table["K1"].form, table["IK1END"].form) == ("int8", "real_list", "int_list")
+    assert table["TITLE"].width == 64
+    assert all(not keyword.opener or keyword.opener in table for keyword in table.values())
+
+
+def test_every_documented_keyword_is_known():
+    text = (ROOT / "docs" / "formats.md").read_text()
+    section = text[text.index("## The configuration") : text.index("## Shoreline, contour and cell widths")]
+    rows = [row for row in section.splitlines() if row.startswith("|")]
+    named = {name for row in rows for name in re.findall(r"`([A-Z][A-Z0-9]+)`", row)}
+    assert named == set(keywords.keywords())
+
+
+def test_no_check_speaks_of_an_unknown_keyword():
+    """Words in capitals in the checks' tables and messages are keywords, but for a few."""
+    words = set()
+    for path in TOOLS.glob("check*.py"):
+        for node in ast.walk(ast.parse(path.read_text())):
+            if isinstance(node, ast.Constant) and isinstance(node.value, str):
+                words |= set(re.findall(r"\b[A-Z][A-Z0-9]{2,}\b", node.value))
+    known = set(keywords.keywords())
+    either_side = {word for word in words if {f"L{word}", f"R{word}"} <= known}
+    assert either_side == {"BCTYPE", "MOVY", "MOVPER", "GROINY"}
+    assert words - known - either_side == {"CONFIG", "DIR", "YYYYMMDD", "END"}  # END: the end cells, I...END
+
+
+# Lines
+
+
+@pytest.mark.parametrize(
+    "line, text",
+    [
+        ("TITEL: x", "unknown keyword TITEL: the line is ignored; TITLE is the nearest known one"),
+        ("iswbgin: 4", "unknown keyword ISWBGIN: the line is ignored; ISWBEG is the nearest known one"),
+        ("Note: y", "unknown keyword NOTE: the line is ignored; begin a comment with #"),
+        (" GAMMA: 0.8", "GAMMA is hidden by a leading blank: the line is ignored"),
+        ("\tGAMMA: 0.8", "GAMMA is hidden by a leading blank: the line is ignored"),
+        ("\u200bGAMMA: 0.8", "GAMMA is hidden by an invisible character: the line is ignored"),
+        ("DT SAVE: 24", "unknown keyword DT SAVE: the line is ignored; DTSAVE is meant?"),
+        ("GAMMA value: 0.8", "unknown keyword GAMMA VALUE: the line is ignored; GAMMA is meant?"),
+        ("GAMMA = 0.8", "no colon behind GAMMA: the line is ignored; GAMMA: is meant?"),
+        ("gamma 0.8", "no colon behind GAMMA: the line is ignored; GAMMA: is meant?"),
+        ("GAMMA;0.8", "no colon behind GAMMA: the line is ignored; GAMMA: is meant?"),
+        ("GAMMA:", "GAMMA has no value; the line is skipped"),
+        ("GAMMA:" + " " * 260 + "0.8", "GAMMA has no value; the line is skipped"),
+        ("GAMMA: 0,8", "GAMMA: only the first value counts: 0; a comma parts two values"),
+        ("GAMMA: 0.7 0.8", "GAMMA: only the first value counts: 0.7"),
+        ("ISMOOTH: 1 1", "ISMOOTH: blanks within 8 columns do not count: 11 is read"),
+        ("ISMOOTH: 000000111", "ISMOOTH: only the first 8 columns count: 11"),
+    ],
+)
+def test_lines_that_are_not_what_they_seem(told, line, text):
+    assert (FIRST_MORE, "warning", text) in told(more=line + "\n")
+
+
+@pytest.mark.parametrize(
+    "line",
+    [
+        "# Cells of 100 m: as wide as the beach", "! K1: 0.5", "#K1: 0.5", "A sentence about the beach: it is long", "",
+        "Waves of the buoy", "D50 is that of the sand there", "gamma: 0.8", "GAMMA : 0.8", "GAMMA: 0.8 # usual",
+        "ISMOOTH: 11      cells", "KELPRUN: again",
+    ],
+)  # fmt: skip
+def test_comments_are_left_in_peace(told, line):
+    assert told(more=line + "\n") == []
+
+
+@pytest.mark.parametrize(
+    "line, text",
+    [
+        ("ISMOOTH: 11 # x", "ISMOOTH: '11 # x' is no whole number; the first 8 columns must hold nothing else"),
+        ("PRWARN: no", "PRWARN: 'no' is neither T nor F"),
+        ("GAMMA: high", "GAMMA: 'high' is no number"),
+        ("IREG: 1", "IREG is 1, but there is no REGFILE"),
+        ("LBCTYPE: 4", "LBCTYPE must be 0 to 3"),
+        ("RBCTYPE: 3", "RBCTYPE is 3, and RMOVPER must be 1, 2 or 3"),
+        ("DX: -2", "DX must be above 0, or -1 for a DXFILE; it is -2"),
+        ("DX: -1", "DX is -1, but there is no DXFILE"),
+        ("NX: 0", "NX must be above 0, it is 0"),
+        ("D50: 0", "D50 must be above 0, it is 0"),
+        ("K1: -1", "K1 must be above 0, it is -1"),
+        ("DXFILE: a b", "DXFILE: the file a b does not exist in {folder}"),
+        ('WLFILE: 9 "no level"', "WLFILE: the file no level does not exist in {folder}"),
+    ],
+)
+def test_what_the_program_refuses(told, tmp_path, line, text):
+    assert (FIRST_MORE, "error", text.format(folder=tmp_path)) in told(more=line + "\n")
+
+
+def test_the_program_agrees_that_a_commented_whole_number_is_refused(told, tmp_path):
+    told(more="ISMOOTH: 11 # x\n")
+    done = subprocess.run([program(), "a.cfg"], cwd=tmp_path, capture_output=True, text=True, timeout=60)
+    assert done.returncode == 1 and "Invalid config data: ISMOOTH: 11 # x" in done.stdout
+
+
+def test_a_scalar_given_twice(told):
+    assert told(more="DT: 12\n") == [
+        (LINE["DT"], "warning", f"DT is given again in line {FIRST_MORE}, and that one holds")
+    ]
+
+
+def test_missing_keywords(told):
+    found = told(("D50: 0.2\n", ""), ("KELUNITS: (m)\n", ""), ("WAVUNITS: (m)\n", ""), ("KELPRUN:", "#"))
+    assert found == [
+        (0, "error", "a line 'KELPRUN:' is missing, by which the program knows its configuration"),
+        (0, "error", "D50 is missing: the grain size"),
+        (0, "warning", "KELUNITS is left out: all lengths are in feet"),
+        (0, "note", "WAVUNITS is left out: wave heights are in metres"),
+    ]
+
+
+def test_units_need_parentheses(told):
+    text = "KELUNITS must be (ft) or (m), with the parentheses"
+    assert told(("KELUNITS: (m)", "KELUNITS: m")) == [(LINE["KELUNITS"], "error", text)]
+
+
+def test_a_long_title_is_cut(told):
+    assert told(more="TITLE: " + "x" * 64 + "\n") == []
+    assert told(more="TITLE: " + "x" * 65 + "\n") == [(FIRST_MORE, "note", "TITLE is cut to 64 characters")]
+
+
+# Values along the coast
+
+
+@pytest.mark.parametrize(
+    "values, ends, line, level, text",
+    [
+        ("K1: 0.5", "", "K1", "note", "IK1END is missing: K1 is 0.5 everywhere"),
+        ("K1: 0.5 0.6 0.7", "", "K1", "warning",
+         "IK1END is missing: only the first of 3 values of K1 is read, 0.5 everywhere"),
+        ("K1: 0.5", "IK1END: 10", "K1", "warning",
+         "K1 has 1 value and IK1END 1 end cell: 0 is left for cells 11 to 20"),
+        ("K1: 2*0.5", "IK1END: 10 19", "K1", "warning",
+         "K1 has 2 values and IK1END 2 end cells: 0 is left for cell 20"),
+        ("K1: 0,77", "IK1END: 20", "K1", "warning",
+         "K1 has 2 values and IK1END has room for 1: the last one is ignored"),
+        ("K1: 1 2 3 4", "IK1END: 10", "K1", "warning",
+         "K1 has 4 values and IK1END has room for 2: the last 2 are ignored"),
+        ("K1: 1 2 3", "IK1END: 10 20 30", "IK1END", "warning",
+         "IK1END: end cells behind 20, the last cell, are ignored"),
+        ("K1: 1 2 3", "IK1END: 10 8", "IK1END", "warning", "IK1END does not ascend: 8 follows 10"),
+        ("K1: 1 2", "IK1END: 25", "IK1END", "warning", "IK1END: 25 lies beyond the last cell 20"),
+        ("K1: 1 2 3", "IK1END: 5 0 20", "IK1END", "warning", "IK1END: end cells behind the 0 are ignored"),
+        ("K1: 1 2", "IK1END: -5", "IK1END", "error", "IK1END: -5 is no cell"),
+        ("K1: 1,,2", "IK1END: 5 10", "K1", "warning", "K1: a value left out between commas stays 0"),
+        ("K1: 1 / 2", "IK1END: 20", "K1", "warning", "K1: what stands behind the / is not read"),
+        ("K1: 1 two", "IK1END: 20", "K1", "error", "K1: 'two' is no number"),
+    ],
+)  # fmt: skip
+def test_values_along_the_coast(told, values, ends, line, level, text):
+    assert (LINE[line], level, text) in told(("K1: 0.77", values), ("IK1END: 20", ends))
+
+
+@pytest.mark.parametrize(
+    "values, ends", [("K1: 1 2", "IK1END: 10"), ("K1: 1 2", "IK1END: 10 20"), ("K1: 1", "IK1END: 20")]
+)
+def test_lists_that_fit(told, values, ends):
+    assert told(("K1: 0.77", values), ("IK1END: 20", ends)) == []
+
+
+@pytest.mark.parametrize(
+    "keyword, level, text",
+    [
+        ("K1: 0.77", "error", "K1 is left out and would be 0 everywhere"),
+        ("HAMP: 1", "warning", "HAMP is left out: 0 everywhere, the whole run is calm"),
+        ("THETAAMP: 1", "warning", "THETAAMP is left out: 0 everywhere, all waves come straight in"),
+        ("BERMHT: 1", "warning", "BERMHT is left out: 0 everywhere"),
+        ("THETADEL: 0", "note", "THETADEL is left out: 0 everywhere"),
+    ],
+)
+def test_lists_left_out_become_zero(told, keyword, level, text):
+    found = told((keyword + "\n", ""))
+    assert len(found) == 1
+    assert found[0][1] == level and found[0][2].startswith(text)
+
+
+# Records
+
+
+def test_structure_lists_must_match(told):
+    more = "ISWBEG: 3\nISWEND: 5\nISWBEG: 9\nISWEND: 11\nSWY1: 90\nSWY2: 90\nSWY2: 91\nSWY2: 92\nYNDG: 8\n"
+    assert told(more=more) == [
+        (FIRST_MORE + 4, "warning",
+         "1 line of SWY1 and 2 of ISWBEG: the n-th belongs to the n-th ISWBEG, and where there is none it gets 0"),
+        (FIRST_MORE + 7, "warning", "3 lines of SWY2 and 2 of ISWBEG: the surplus is ignored"),
+        (FIRST_MORE + 8, "warning", "YNDG has no effect: no IXNDG line opens a record"),
+    ]  # fmt: skip
+
+
+def test_a_field_goes_to_the_record_opened_last(told):
+    assert told(more="ISWBEG: 3\nISWBEG: 9\nISWEND: 5\nISWEND: 11\nSWY1: 90\nSWY1: 90\nSWY2: 90\nSWY2: 91\n") == [
+        (FIRST_MORE, "warning", "this ISWBEG has no ISWEND before the next one: it becomes 0"),
+        (FIRST_MORE + 2, "warning",
+         f"ISWEND belongs to the ISWBEG last opened, and line {FIRST_MORE + 3} overwrites it; put each behind its own"),
+    ]  # fmt: skip
+    assert (FIRST_MORE, "error", "ISWEND stands before any ISWBEG line") in told(more="ISWEND: 5\nISWBEG: 3\n")
+
+
+def test_a_list_left_out_altogether(told):
+    assert told(more="ISWBEG: 3\nISWEND: 5\nSWY1: 90\n") == [
+        (FIRST_MORE, "warning", "SWY2 is left out: it becomes 0 for every ISWBEG")
+    ]
+    # A permeability may well be 0.
+    assert told(more="IXNDG: 8\nYNDG: 150\n") == []
+
+
+def test_breakwaters_have_one_kind_of_transmission(told):
+    breakwater = "DBI1: 5\nDBI2: 8\nDBY1: 300\nDBY2: 300\nDBDEP1: 3\nDBDEP2: 3\n"
+    text = "neither TRANDB nor KTMETDB: no wave passes the breakwaters"
+    assert told(more=breakwater) == [(FIRST_MORE, "warning", text)]
+    assert told(more=breakwater + "KTMETDB: 1\nTRANDB: 0.5\n") == [
+        (FIRST_MORE + 6, "warning",
+         "KTMETDB has no effect: the last of TRANDB and KTMETDB decides for all breakwaters, and it is TRANDB")
+    ]  # fmt: skip
+
+
+def test_a_dredged_volume_needs_its_days_before_it(told):
+    inlet = ["IINLS: 5", "IINLE: 6", "IMOR: 1", "IDREDS: 20200102", "IDREDE: 20200105"]
+    texts = [text for _, _, text in told(more="\n".join([*inlet, "DREDV: 100", "DRDAY: 3"]) + "\n")]
+    assert "DREDV stands before DRDAY, so that its rate comes out wrong" in texts
+    texts = [text for _, _, text in told(more="\n".join([*inlet, "DRDAY: 3", "DREDV: 100"]) + "\n")]
+    assert not any("DREDV" in text for text in texts)
+    texts = [(level, text) for _, level, text in told(more="DRDAY: 3\nDREDV: 100\n")]
+    assert ("warning", "DRDAY stands before any IMOR line") in texts
+    assert ("error", "DREDV stands before any IMOR line") in texts
+
+
+# Keywords without effect
+
+
+@pytest.mark.parametrize(
+    "line, text",
+    [
+        ("REGFILE: a.shore", "REGFILE has no effect: IREG is 0, and only 1 and 3 use the regional contour"),
+        ("IWAVREGSMOOTH: 5", "IWAVREGSMOOTH has no effect: IREG is 0, and only 1 turns waves to the regional contour"),
+        ("DXFILE: a.shore", "DXFILE has no effect: DX is not -1"),
+        ("DTMIN: 1", "DTMIN has no effect: DTADAPT is not 1"),
+        ("LMOVY: 1", "LMOVY has no effect: LBCTYPE is 0, and only 3 moves the left end"),
+        ("RGROINY: 1", "RGROINY has no effect: RBCTYPE is 0, and only 1 and 2 are a groin"),
+        ("Y0: 5", "Y0 has no effect: it is read and ignored"),
+        ("KTIDE: 2", "KTIDE has no effect: there is no TIDEFILE"),
+        ("QQDATS: 20200102", "QQDATS has no effect: no BPDATS line counts a bypass"),
+    ],
+)
+def test_keywords_without_effect(told, line, text):
+    assert told(more=line + "\n") == [(FIRST_MORE, "warning", text)]
+
+
+def test_only_the_first_width_counts(told):
+    text = "DX: only the first value counts: 100; a DXFILE varies the widths"
+    assert told(("DX: 100", "DX: 100 200")) == [(LINE["DX"], "warning", text)]
+
+
+# Times
+
+
+@pytest.mark.parametrize(
+    "change, line, level, text",
+    [
+        (("SIMDATE: 20200111", "SIMDATE: 20200101"), "SIMDATE", "error",
+         "SIMDATE 20200101 does not lie behind SIMDATS 20200101"),
+        (("SIMDATE: 20200111", "SIMDATE: 10"), "SIMDATE", "note", "SIMDATE below 18000000 counts time steps: 10"),
+        (("SIMDATE: 20200111", "SIMDATE: 20200231"), "SIMDATE", "warning", "SIMDATE: 20200231 is no date YYYYMMDD"),
+        (("SIMDATS: 20200101", "SIMDATS: 20200001"), "SIMDATS", "warning", "SIMDATS: 20200001 is no date YYYYMMDD"),
+        (("DTSAVE: 48", "DTSAVE: 60"), "DTSAVE", "error", "DTSAVE 60 is no multiple of DT 24"),
+        (("DT: 24", "DT: 0"), "DT", "error", "DT must be above 0"),
+    ],
+)  # fmt: skip
+def test_times(told, change, line, level, text):
+    assert (LINE[line], level, text) in told(change)
+
+
+def test_print_dates_that_are_awaited_in_vain(told):
+    assert told(more="PRDATE: 20200103\nPRDATE: 7\n") == []
+    vain = "it is awaited in vain, and the dates behind it with it"
+    assert told(more="PRDATE: 20200105\nPRDATE: 20200103\nPRDATE: 20200201\n") == [
+        (FIRST_MORE + 1, "warning", f"PRDATE 20200103 does not lie behind 20200105: {vain}"),
+        (FIRST_MORE + 2, "warning", f"PRDATE 20200201 does not lie within the run: {vain}"),
+    ]
+    text = f"PRDATE 10 is no time step of the run before its last: {vain}"
+    assert told(more="PRDATE: 10\n") == [(FIRST_MORE, "warning", text)]
+
+
+def test_fills_outside_the_run(told):
+    fill = "BFDATS: {}\nBFDATE: {}\nIBFS: 2\nIBFE: 4\nYADD: 10\n"
+    assert told(more=fill.format(20200103, 20200105)) == []
+    assert told(more=fill.format(20210103, 20210105)) == [
+        (FIRST_MORE, "warning", "BFDATS 20210103 to 20210105 does not lie within the run")
+    ]
+    assert told(more=fill.format(20200105, 20200103)) == [
+        (FIRST_MORE, "warning", "BFDATE 20200103 lies before BFDATS 20200105")
+    ]
+
+
+# Files
+
+
+def test_a_missing_file(told, tmp_path):
+    assert told(("INIFILE: a.shore", "INIFILE: b.shore")) == [
+        (LINE["INIFILE"], "error", f"INIFILE: the file b.shore does not exist in {tmp_path}")
+    ]
+
+
+def test_files_are_sought_where_the_program_starts(told, tmp_path):
+    told()
+    (tmp_path / "elsewhere").mkdir()
+    found = findings(tmp_path / "a.cfg", tmp_path / "elsewhere")
+    assert [one.text.split(" does")[0] for one in found] == ["INIFILE: the file a.shore", "WAVEID: the file a.waves"]
+
+
+def test_the_report_must_not_overwrite_an_input(told):
+    assert told(("PRFILE: a.prt", "PRFILE: a.shore")) == [
+        (LINE["INIFILE"], "error", "INIFILE: a.shore would be overwritten by the report or a table")
+    ]
+
+
+def test_a_full_stop_in_the_folder_of_the_report(told, tmp_path):
+    (tmp_path / "v1.0").mkdir()
+    assert told(("PRFILE: a.prt", "PRFILE: v1.0/a.prt")) == [
+        (LINE["PRFILE"], "warning", "PRFILE: the tables take their names up to its first full stop: v1.slo")
+    ]
+
+
+@pytest.mark.parametrize(
+    "shore, level, text",
+    [
+        ("head\n" * 4 + "100 " * 10 + "\n", "error", "a.shore holds 10 values, and there are 20 cells"),
+        ("head\n" * 3 + SHORE[20:], "warning",
+         "a.shore: its first four lines are skipped, and there are values among them"),
+        (SHORE + "100\n", "warning", "a.shore goes on behind the values of 20 cells; the rest is ignored"),
+        ("head\n" * 4 + "100 " * 20 + "\n" + "100 " * 10, "warning",
+         "a.shore: line 5 goes on behind 10 values; the surplus is ignored"),
+        (SHORE.replace("100 \n", "x \n"), "error", "a.shore: line 5: 'x' is no number"),
+    ],
+)  # fmt: skip
+def test_shorelines(told, shore, level, text):
+    assert (LINE["INIFILE"], level, text) in told(shore=shore)
+
+
+# Waves
+
+
+def test_a_wave_file_that_ends_before_the_run_does(told, tmp_path):
+    # 10 days of a step each, a record each: 10 are needed.
+    assert told(("8 11 a", "8 10 a"), waves=WAVES[:10]) == []
+    run_model(tmp_path, "a.cfg")
+    assert told(("8 11 a", "8 9 a"), waves=WAVES[:9]) == [
+        (LINE["WAVEID"], "error",
+         "a.waves ends before the run does: 10 records are needed from 20200101 on, and there are 9, the last of "
+         "2020-01-09 00:00")
+    ]  # fmt: skip
+    done = subprocess.run([program(), "a.cfg"], cwd=tmp_path, capture_output=True, text=True, timeout=60)
+    assert done.returncode == 1 and "the run needs 10 wave records" in done.stderr
+
+
+def test_records_before_the_start_do_not_count(told):
+    early = ["20191231 0000 0.7 8.0 15.0"]
+    found = told(("8 11 a", "8 10 a"), waves=early + WAVES[:9])
+    # The step from December to January cannot be told either.
+    text = "a.waves: its first two records lie in different months, and the program cannot tell the wave step"
+    assert found == [(LINE["WAVEID"], "error", text)]
+    early = ["20191230 0000 0.7 8.0 15.0", "20191231 0000 0.7 8.0 15.0"]
+    found = told(waves=early + WAVES[:9])
+    assert [text for _, level, text in found if level == "error"] == [
+        "a.waves ends before the run does: 10 records are needed from 20200101 on, and there are 9, the last of "
+        "2020-01-09 00:00"
+    ]
+
+
+@pytest.mark.parametrize(
+    "waves, level, text",
+    [
+        (WAVES[:10], "error", "a.waves holds 10 records, and WAVEID tells 11"),
+        (WAVES + ["20200112 0000 1 8 0"], "warning",
+         "a.waves holds 12 records, and WAVEID tells 11: the dates of the others do not count"),
+        (WAVES[:3] + WAVES[4:] + ["20200112 0000 1 8 0"], "warning",
+         "a.waves: the step is 24 hours, but record 4 of 2020-01-05 00:00 follows 2020-01-03 00:00; dates do not "
+         "count, so that all later waves come at a wrong time"),
+        (WAVES[1:] + ["20200112 0000 1 8 0"], "warning",
+         "a.waves begins on 20200102, and the run on 20200101: its first record is taken for the run's first waves"),
+        (WAVES[:10] + ["20200111 0000 99 99 0"], "note",
+         "a.waves: 1 of 11 records above 98, the marks of missing data, are taken as calm"),
+        (WAVES[:10] + ["20200111 0000 0 0 0"], "note",
+         "a.waves: 1 of 11 records below 0.1 in height or period are taken as calm"),
+        ([record.replace("15.0", "215") for record in WAVES], "warning",
+         "a.waves: 11 of 11 records with an angle beyond 90 degrees are taken as calm; angles count from the shore "
+         "normal, not from north"),
+        (WAVES[:4] + ["20200105 0000 1 8"] + WAVES[5:], "error", "a.waves: record 5 has 4 items of 5 on its line"),
+        (WAVES[:4] + ["20200105 0000 1 8 x"] + WAVES[5:], "error", "a.waves: record 5: 'x' is no number"),
+        (WAVES[:4] + ["20200199 0000 1 8 0"] + WAVES[5:], "error",
+         "a.waves: 20200199 0000 is no date YYYYMMDD and clock time HHMM"),
+        ([""], "error", "a.waves: the file is empty"),
+    ],
+)  # fmt: skip
+def test_wave_series(told, waves, level, text):
+    assert (LINE["WAVEID"], level, text) in told(waves=waves)
+
+
+def test_the_wave_step_must_fit_the_time_step(told):
+    text = "a.waves: DT 48 is longer than the wave step of 24 hours"
+    assert (LINE["WAVEID"], "error", text) in told(("DT: 24", "DT: 48"))
+    text = "a.waves: the wave step of 24 hours is no multiple of DT 16"
+    assert (LINE["WAVEID"], "error", text) in told(("DT: 24", "DT: 16"))
+
+
+def test_steady_waves(told):
+    assert told(("8 11 a", "8 0 a"), waves=["0.7 8.0 15.0"]) == []
+    found = told(("8 11 a", "8 0 a"))
+    assert [(line, level) for line, level, _ in found] == [(LINE["WAVEID"], "warning")] * 2
+    texts = [text for _, _, text in found]
+    assert any(text.startswith("a.waves: with 0 records in WAVEID the waves are steady") for text in texts)
+    assert any(text.startswith("a.waves: height 2.02001e+07") and "taken as calm" in text for text in texts)
+
+
+def test_wave_lines_must_agree(told):
+    line = "WAVEID: 20 8 11 a.waves"
+    found = told(("NUMWAVES: 1", "NUMWAVES: 3"), (line, line + "\nWAVEID: 9 8 7 a.waves"))
+    assert (LINE["NUMWAVES"], "error", "NUMWAVES is 3, and WAVEID has 2 lines") in found
+    assert (LINE["WAVEID"] + 1, "error", "WAVEID: last cell 9 follows 20; they must ascend") in found
+    text = "WAVEID: the number of records 11 is ignored: that of the last line, 7, holds for all"
+    assert (LINE["WAVEID"], "warning", text) in found
+
+
+# The command
+
+
+def test_output_and_exit_status(told, tmp_path, capsys):
+    told(more="TITEL: x\nTITLE: " + "y" * 70 + "\n")
+    path = tmp_path / "a.cfg"
+    assert main(["check", str(path)]) == 1
+    assert capsys.readouterr().out.splitlines() == [
+        f"{path}:{FIRST_MORE}: warning: unknown keyword TITEL: the line is ignored; TITLE is the nearest known one",
+        f"{path}:{FIRST_MORE + 1}: note: TITLE is cut to 64 characters",
+        f"{path}: 1 warning, 1 note",
+    ]
+    assert main(["check", "--no-notes", str(path)]) == 1
+    assert "note: " not in capsys.readouterr().out
+    told(more="TITLE: " + "y" * 70 + "\n")
+    assert main(["check", str(path)]) == 0
+
+
+def test_a_missing_configuration_is_told_in_one_line(tmp_path, capsys):
+    assert main(["check", str(tmp_path / "none.cfg")]) == 1
+    assert capsys.readouterr().err == f"kelp: {tmp_path}/none.cfg: No such file or directory\n"
+
+
+@pytest.mark.parametrize("name", ["duck", "first_beach"])
+def test_the_examples_have_neither_errors_nor_warnings(name):
+    found = findings(ROOT / "examples" / name / f"{name}.cfg")
+    assert {one.level for one in found} <= {"note"}
