@@ -16,7 +16,7 @@ std::string configuration_argument(int argc, char** argv) {
     console_line("Please include a valid KelpRun configuration ", "file on the command line.");
     stop_run(1);
   }
-  const std::string name(cut(argv[1], capacity::ARGUMENT));
+  std::string name(cut(argv[1], capacity::ARGUMENT));
   std::error_code ignored;
   if (!std::filesystem::exists(name, ignored)) {
     console_line(" --> Cannot find the input file= ", name);
