@@ -69,6 +69,11 @@ def told(tmp_path):
 FIRST_MORE = len(CONFIGURATION.splitlines()) + 1
 
 
+def refused(keyword, what, line=None):
+    """What check tells of a structure or an event that the program reads and does not run."""
+    return (line or FIRST_MORE, "error", f"{keyword}: this version of the program cannot run {what}")
+
+
 def test_a_sound_configuration_has_nothing_to_tell_and_runs(told, tmp_path):
     assert told() == []
     run_model(tmp_path, "a.cfg")
@@ -295,14 +300,16 @@ def test_a_list_left_out_altogether(told):
         (FIRST_MORE, "warning", "SWY2 is left out: it becomes 0 for every ISWBEG")
     ]
     # A permeability may well be 0.
-    assert told(more="IXNDG: 8\nYNDG: 150\n") == []
+    assert told(more="IXNDG: 8\nYNDG: 150\n") == [refused("IXNDG", "groins")]
 
 
 def test_breakwaters_have_one_kind_of_transmission(told):
     breakwater = "DBI1: 5\nDBI2: 8\nDBY1: 300\nDBY2: 300\nDBDEP1: 3\nDBDEP2: 3\n"
     text = "neither TRANDB nor KTMETDB: no wave passes the breakwaters"
-    assert told(more=breakwater) == [(FIRST_MORE, "warning", text)]
+    assert told(more=breakwater) == [refused("DBI1", "detached breakwaters"), (FIRST_MORE, "warning", text)]
     assert told(more=breakwater + "KTMETDB: 1\nTRANDB: 0.5\n") == [
+        refused("DBI1", "detached breakwaters"),
+        refused("KTMETDB", "the transmission of breakwaters", FIRST_MORE + 6),
         (FIRST_MORE + 6, "warning",
          "KTMETDB has no effect: the last of TRANDB and KTMETDB decides for all breakwaters, and it is TRANDB")
     ]  # fmt: skip
@@ -377,11 +384,14 @@ def test_print_dates_that_are_awaited_in_vain(told):
 
 def test_fills_outside_the_run(told):
     fill = "BFDATS: {}\nBFDATE: {}\nIBFS: 2\nIBFE: 4\nYADD: 10\n"
-    assert told(more=fill.format(20200103, 20200105)) == []
+    no_fills = refused("BFDATS", "beach fills")
+    assert told(more=fill.format(20200103, 20200105)) == [no_fills]
     assert told(more=fill.format(20210103, 20210105)) == [
+        no_fills,
         (FIRST_MORE, "warning", "BFDATS 20210103 to 20210105 does not lie within the run")
     ]
     assert told(more=fill.format(20200105, 20200103)) == [
+        no_fills,
         (FIRST_MORE, "warning", "BFDATE 20200103 lies before BFDATS 20200105")
     ]
 

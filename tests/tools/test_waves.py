@@ -462,3 +462,10 @@ def test_the_help_tells_the_rule_of_the_angle(capsys):
     assert ended.value.code == 0
     told = capsys.readouterr().out
     assert "angle = normal - direction" in told and "--gaps" in told and "--rose" in told
+
+
+def test_a_normal_that_is_no_direction_is_refused(tmp_path, capsys):
+    with pytest.raises(SystemExit) as ended:
+        convert(tmp_path, CSV, "--normal", "500")
+    assert ended.value.code == 2
+    assert "'500' is not a direction from 0 to 360 degrees" in capsys.readouterr().err

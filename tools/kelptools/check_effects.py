@@ -13,7 +13,25 @@ WITHOUT_EFFECT = {
 }
 
 
+# What the program reads and checks, and then refuses to run.
+NOT_RUN = {
+    "IXNDG": "groins",
+    "IXDG": "groins",
+    "DBI1": "detached breakwaters",
+    "KTMETDB": "the transmission of breakwaters",
+    "TIDEFILE": "tidal currents",
+    "IINLS": "tidal inlets",
+    "BFDATS": "beach fills",
+    "BPDATS": "bypassing",
+}
+
+
 class EffectChecks(Context):
+    def check_refused(self):
+        for name, what in NOT_RUN.items():
+            if self.given(name):
+                self.tell("error", self.last(name), f"{name}: this version of the program cannot run {what}")
+
     # Keywords without effect.
 
     def check_effects(self):

@@ -26,8 +26,8 @@ class Check(LineChecks, ListChecks, EffectChecks, FileChecks):
     def run(self) -> list[Finding]:
         for part in (
             self.check_lines, self.check_values, self.check_repeats, self.check_needed, self.check_spans,
-            self.check_records, self.check_effects, self.check_times, self.check_names, self.check_cell_files,
-            self.check_waves,
+            self.check_records, self.check_refused, self.check_effects, self.check_times, self.check_names,
+            self.check_cell_files, self.check_waves,
         ):  # fmt: skip
             part()
         order = ("error", "warning", "note")

@@ -57,6 +57,8 @@ def export(args) -> int:
         raise KelpError("--map-unit and --crs need --origin")
     if args.origin and kind != ".geojson":
         raise KelpError("--origin is for .geojson")
+    if not path.parent.is_dir():
+        raise KelpError(f"{path.parent}: there is no such folder")
     run = find_run(args.run, args.configuration)
     if kind == ".nc":
         exporting.write_netcdf(run.dataset, path)

@@ -46,5 +46,6 @@ def new(args) -> int:
         with open(folder / file, "x", encoding="ascii", newline="\n") as target:
             target.write(content)
         print(folder / file)
-    print(f"Run it:  cd {folder} && kelprun {name}.cfg && kelp plot {name}.prt")
+    print(f"Run it in {folder}:  kelprun {name}.cfg && kelp plot {name}.prt")
+    print("From the source tree these are build/program/kelprun and scripts/kelp.")
     return 0

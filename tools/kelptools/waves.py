@@ -77,6 +77,13 @@ def number_option(text):
     return value
 
 
+def bearing_option(text):
+    value = number_option(text)
+    if not 0.0 <= value <= 360.0:
+        raise argparse.ArgumentTypeError(f"'{text}' is not a direction from 0 to 360 degrees")
+    return value
+
+
 def step_option(text):
     minutes = number_option(text) * 60.0
     if minutes < 1.0 or abs(minutes - round(minutes)) > 1e-6:
@@ -107,7 +114,7 @@ def register(commands):
     add = parser.add_argument
     add("input", metavar="INPUT", help="CSV, NDBC or NetCDF file")
     add("output", metavar="OUT", help="wave file to write")
-    add("--normal", type=number_option, required=True, metavar="DEG",
+    add("--normal", type=bearing_option, required=True, metavar="DEG",
         help="direction in which the shore normal points out to sea, degrees clockwise from north")  # fmt: skip
     add("--format", choices=FORMATS, help="what INPUT is, where it cannot be told from its first bytes")
     add("--start", type=time_option, metavar="TIME", help="time of the first record (else the first row's)")
