@@ -86,6 +86,7 @@ void setup(Run& run, const std::string& path) {
   set_regional_angle(m.settings, m.grid, m.series, m.shore.YREG, m.waves);
   prepare_waves(run);
   announce_program();
+  run.tables.open(m.settings.STEM, m.grid.NX);
   prepare_boundaries(m);
   prepare_shoreline(m);
   prepare_sand(m);
@@ -94,8 +95,6 @@ void setup(Run& run, const std::string& path) {
   check_bypass_count(m.events, run.report);
   check_groins_on_breakwaters(m.groins, m.breakwaters, run.report);
   refuse_unbuilt(m, run.files.configuration);
-  // Behind all refusals, so that a mistyped value never empties the tables of an earlier run.
-  run.tables.open(m.settings.STEM, m.grid.NX);
   warn_of_short_waves(m.series, m.clock);
   console_line("Time Simulation begins ...");
   run.report.flush();

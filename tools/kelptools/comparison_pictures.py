@@ -46,18 +46,9 @@ def shoreline_figure(pair: Pair):
     d.shoreline_limits(plan, [start, a, b], structures)
     plan.set_ylabel(f"Position from the baseline ({unit})")
     d.plain_y(plan)
-    coast.label(plan, cells_on_top=True)
-    plan.set_xlabel("")
-    plan.tick_params(labelbottom=False)
-    d.sea_and_land(plan)
-    d.legend_below(plan, -0.02)
+    d.close_plan(plan, coast)
     d.fill_signed(change, coast, b - a, "B seaward of A", "B landward of A")
-    d.mark_structures(change, coast, [one for one in structures if one.kind in ("inlet", "groin")])
-    change.set_ylabel(f"Difference ({unit})")
-    d.plain_y(change)
-    coast.label(change)
-    change.set_title("Position of B less position of A")
-    d.legend_above(change, 2)
+    d.close_change(change, coast, structures, f"Difference ({unit})", "Position of B less position of A")
     return figure
 
 

@@ -328,6 +328,25 @@ def sea_and_land(axis):
         )  # fmt: skip
 
 
+def close_plan(axis, coast):
+    """What every plan of shorelines ends with, above a panel of their change."""
+    coast.label(axis, cells_on_top=True)
+    axis.set_xlabel("")
+    axis.tick_params(labelbottom=False)
+    sea_and_land(axis)
+    legend_below(axis, -0.02)
+
+
+def close_change(axis, coast, structures, label: str, title: str):
+    """What every panel of change below a plan ends with: inlets and groins, labels, title, legend."""
+    mark_structures(axis, coast, [one for one in structures if one.kind in ("inlet", "groin")])
+    axis.set_ylabel(label)
+    plain_y(axis)
+    coast.label(axis)
+    axis.set_title(title)
+    legend_above(axis, 2)
+
+
 def time_distance(data, structures, values: np.ndarray, title: str, subtitle: str, label: str, rows: int = 500):
     """Values of each cell through time, coloured about zero; where few cells hold far larger ones than all
     others, the colours leave those out. Below stands where the structures are."""

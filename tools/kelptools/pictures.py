@@ -49,19 +49,9 @@ def shoreline_figure(data, structures):
     d.shoreline_limits(plan, [landward, seaward], structures)
     plan.set_ylabel(f"Position from the baseline ({unit})")
     d.plain_y(plan)
-    coast.label(plan, cells_on_top=True)
-    plan.set_xlabel("")
-    plan.tick_params(labelbottom=False)
-    d.sea_and_land(plan)
-    d.legend_below(plan, -0.02)
-
+    d.close_plan(plan, coast)
     d.fill_signed(change, coast, shore[-1] - shore[0], "Advance", "Retreat")
-    d.mark_structures(change, coast, [one for one in structures if one.kind in ("inlet", "groin")])
-    change.set_ylabel(f"Change ({unit})")
-    d.plain_y(change)
-    coast.label(change)
-    change.set_title("Final less initial position")
-    d.legend_above(change, 2)
+    d.close_change(change, coast, structures, f"Change ({unit})", "Final less initial position")
     return figure
 
 
