@@ -1,10 +1,10 @@
 #include "coast/transport.h"
 
-#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 
 #include "model/constants.h"
+#include "model/surf_zone.h"
 
 namespace kelprun {
 
@@ -109,10 +109,7 @@ void clear_transport(const TransportConstants& constants, const Settings& settin
 }
 
 float share_landward(float DIST, float DT1, float ASHAPE) {
-  const float DSEA = DIST < 0.0f ? 0.0f : std::pow(DIST, 0.667f) * ASHAPE;
-  float F = DT1 > 0.01f ? 1.0f - DSEA / DT1 : 0.0f;
-  if (DSEA > DT1) F = 0.0f;
-  return std::min(1.0f, F);
+  return share_beyond(DIST < 0.0f ? 0.0f : profile_depth(DIST, ASHAPE), DT1);
 }
 
 void compute_transport(const TransportConstants& constants, const Settings& settings,

@@ -2,6 +2,7 @@
 
 #include "model/boundaries.h"
 #include "model/clock.h"
+#include "model/diffraction.h"
 #include "model/events.h"
 #include "model/grid.h"
 #include "model/inlets.h"
@@ -27,10 +28,13 @@ struct Model {
   Breakwaters breakwaters;
   Seawalls seawalls;
   Tips tips;
+  Zones zones;
   Events events;
   Inlets inlets;
   Budget budget;
   Waves waves;
+  Diffraction diffraction;
+  UndiffractedSums undiffracted;
   Shore shore;
   Transport transport;
   Ledgers ledgers;

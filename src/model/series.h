@@ -21,13 +21,20 @@ struct Series {
 
   std::string WTRELFILE;  ///< water level file
   std::int32_t NWLREC = 0;
-  float DTWL = 0.0f;  ///< time step of the water level file, h
+  float DTWL = 0.0f;        ///< time step of the water level file, h
+  Array1<float> WLFILE;     ///< water levels, m
+  std::int32_t IWLREC = 2;  ///< current record of the water level file, less 1 its entry (run/)
+  float WL = 0.0f;          ///< water level in force, m; 0 without a file (run/)
 
   std::int32_t TIDEFLAG = 0;  ///< 1: tidal current files are given
   std::int32_t NTCRNTREC = 0;
   Array1<std::int32_t> ITCEND;  ///< last cell served by each tidal current file
   Array1<std::string> TCRNTFILE;
-  float KTIDE = 1.0f;  ///< tidal current factor
+  float KTIDE = 1.0f;          ///< tidal current factor
+  float DTTC = 0.0f;           ///< time step of the tidal current files, h
+  Array1<float> TCRNT;         ///< currents, one row of NX+1 walls a record
+  std::int32_t ITCREC = 1;     ///< next record of the tidal current files (run/)
+  std::int32_t NTCPOINTS = 0;  ///< walls that each record has a value for
 };
 
 }  // namespace kelprun

@@ -42,6 +42,8 @@ struct Waves {
   PerWall<std::int32_t> ITOMBOLO;       ///< 1: the wave of the wall was replaced (waves/)
   PerCell<float> DLTZ;                  ///< depth of active movement, m (waves/)
   float TANB = 0.0f;                    ///< beach slope of the step (waves/)
+  float SIGMA = 0.0f;                   ///< angular frequency of the step, 1/s (waves/)
+  float WK0 = 0.0f;                     ///< deep-water wave number of the step, 1/m (waves/)
 
   std::int32_t WAVEWARN = 0;  ///< 0 nothing said yet, 1, 2: a line is due, -1: said (input/, run/)
   std::int32_t NBADANG = 0;   ///< records whose angle was out of range (input/)

@@ -47,6 +47,7 @@ void prepare_shoreline(Model& m) {
     s.YMIN(i) = s.YMAX(i);
   }
   set_seawall_limits(m.settings, m.grid, m.seawalls, s);
+  s.YSWI = s.YSW;
 }
 
 void prepare_sand(Model& m) {
