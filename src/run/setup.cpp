@@ -17,6 +17,7 @@
 #include "run/unbuilt.h"
 #include "text/console.h"
 #include "text/stop.h"
+#include "waves/tip_list.h"
 
 namespace kelprun {
 
@@ -91,6 +92,7 @@ void setup(Run& run, const std::string& path) {
   prepare_boundaries(m);
   prepare_shoreline(m);
   prepare_sand(m);
+  TIPLIST(m.grid, m.breakwaters, m.tips, m.zones, m.diffraction);
   find_first_wave(m.series, m.clock.SIMDATS);
   check_step_relations(m, run.report);
   check_bypass_count(m.events, run.report);

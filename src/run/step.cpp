@@ -9,6 +9,7 @@
 #include "coast/volumes.h"
 #include "model/constants.h"
 #include "output/announcements.h"
+#include "output/wave_report.h"
 #include "run/calendar.h"
 #include "run/held_wave.h"
 #include "run/run.h"
@@ -18,7 +19,11 @@
 #include "text/stop.h"
 #include "text/whole.h"
 #include "waves/active_depth.h"
+#include "waves/final_field.h"
+#include "waves/tip_waves.h"
+#include "waves/undiffracted.h"
 #include "waves/wave_field.h"
+#include "waves/zones.h"
 
 namespace kelprun {
 
@@ -87,18 +92,41 @@ void set_contour(Model& m) {
   set_contour_orientation(m.grid, m.shore);
 }
 
-void bring_waves_to_breaking(Run& run) {
+/// Diffracts the undiffracted waves behind structures; false where the run stops.
+bool diffract(Run& run) {
   Model& m = run.model;
-  set_shoreline_orientation(m.grid, m.boundaries, m.groins, m.shore);
-  set_active_depth(m.grid, m.clock, m.waves, run.report);
-  // Only the first cell's depth enters the slope.
+  const DiffractingCoast coast{m.settings, m.grid,  m.boundaries, m.groins, m.breakwaters,
+                               m.tips,     m.zones, m.inlets,     m.shore};
+  set_tip_waves(m.tips, m.waves, m.shore.ALPHAC, m.diffraction.tip_waves);
+  if (combine_zones(coast, m.series.WL, m.waves, m.diffraction, run.report)) return true;
+  m.clock.IERR = 1;
+  return false;
+}
+
+/// The slope of the step and the coefficients that go with it; only the first cell's depth enters.
+void set_slope(Model& m) {
   m.waves.TANB = beach_slope(m.settings.ASHAPE, m.waves.DLTZ(1));
   for (std::int32_t i = 1; i <= m.grid.NX; ++i)
     m.profile.K2EFF(i) = m.profile.K2CELL(i) / (K2_DIVISOR * m.waves.TANB);
+}
+
+/// From the wave at the reference depth to the breaking wave at every wall; false where the run
+/// stops.
+bool bring_waves_to_breaking(Run& run) {
+  Model& m = run.model;
+  set_step_frequency(m.waves);
+  set_shoreline_orientation(m.grid, m.boundaries, m.groins, m.shore);
+  set_active_depth(m.grid, m.clock, m.waves, run.report);
+  set_slope(m);
   break_waves(m.settings, m.grid, m.waves, m.shore.ALPHAC);
-  sum_zones(m.grid, m.waves);
-  smooth_field(m.grid, m.waves);
+  if (m.settings.PRTOUT && m.clock.ITS < m.clock.NTS)
+    UNDIFFSTAT(m.settings, m.grid, m.profile, m.waves, m.shore.ALPHA, m.undiffracted);
+  if (!diffract(run)) return false;
+  finish_field(m.grid, m.groins, m.breakwaters, m.inlets, m.waves);
+  if (m.settings.PRTOUT && m.clock.ITS == m.clock.NTS)
+    report_last_waves(m.settings, m.grid, m.waves, run.report);
   set_group_speed(m.settings, m.grid, m.waves);
+  return true;
 }
 
 void check_stability(Run& run) {
@@ -108,14 +136,15 @@ void check_stability(Run& run) {
   adapt_step(m, S, run.report);
 }
 
-/// Waves, transport and the new shoreline.
-void move_sand(Run& run) {
+/// Waves, transport and the new shoreline; false where the run stops.
+bool move_sand(Run& run) {
   Model& m = run.model;
-  bring_waves_to_breaking(run);
+  if (!bring_waves_to_breaking(run)) return false;
   check_stability(run);
   SEDSTEP(m.settings, m.clock.DT, m.grid, m.profile, m.boundaries, m.waves, m.groins, m.breakwaters,
           m.inlets, m.shore, m.transport);
   add_transport(m.grid, m.transport, m.clock.VOLFAC, m.settings.CONVYD3, m.ledgers);
+  return true;
 }
 
 bool waves_come_from_behind(const PassWave& wave) {
@@ -146,8 +175,8 @@ bool wave_pass(Run& run) {
   set_contour(m);
   if (is_calm(m.grid, m.waves)) {
     CALMSTEP(m.grid, m.profile, m.boundaries, m.clock.DT, m.shore);
-  } else if (!waves_come_from_behind(m.waves.pass)) {
-    move_sand(run);
+  } else if (!waves_come_from_behind(m.waves.pass) && !move_sand(run)) {
+    return false;
   }
   VOLSTEP(m.grid, m.profile, m.shore, m.ledgers);
   watch_shoreline(m);

@@ -48,6 +48,12 @@ inline Dispersion DISPERSE(float T, float d) {
   return {n * L / T, n, k};
 }
 
+/// Wave number at depth d > 0 of waves with deep-water wave number WK0 (Hunt 1979).
+inline float wave_number(float WK0, float d) {
+  const float x = WK0 * d;
+  return std::sqrt(WK0 * (x + 1.0f / pade_polynomial(x)) / d);
+}
+
 /// A wave after refraction and shoaling.
 struct TransformedWave {
   float k2;
@@ -62,8 +68,7 @@ struct TransformedWave {
 inline TransformedWave TRANSFORM(float k1, float H1, float Z1, float Cg1, float A, float d2,
                                  float WK0, float SIGMA) {
   constexpr float DEEP = 10.0f;  // not the limit that DISPERSE has, and meant so
-  const float x = WK0 * d2;
-  const float k2 = std::sqrt(WK0 * (x + 1.0f / pade_polynomial(x)) / d2);
+  const float k2 = wave_number(WK0, d2);
   const float s1 = std::sin(Z1 - A);
   const float c1 = std::cos(Z1 - A);
   const float r = std::clamp(s1 * k1 / k2, -1.0f, 1.0f);

@@ -49,29 +49,9 @@ void break_waves(const Settings& settings, const Grid& grid, Waves& w, PerWall<f
   }
 }
 
-void sum_zones(const Grid& grid, Waves& w) {
-  for (std::int32_t i = 1; i <= grid.NX + 1; ++i) {
-    const float h = w.HBU(i) * w.HBU(i);
-    w.HB(i) = h;
-    w.SWS(i) = std::sin(2.0f * w.ZBU(i)) * h;
-    w.ZB(i) = w.HB(i) > 0.0f ? 0.5f * std::asin(w.SWS(i) / w.HB(i)) : 0.0f;
-    w.HB(i) = std::sqrt(w.HB(i));
-  }
-}
-
-void smooth_field(const Grid& grid, Waves& w) {
-  const auto mean = [](const PerWall<float>& x, std::int32_t i) {
-    return (x(i - 1) + 2.0f * x(i) + x(i + 1)) * 0.25f;
-  };
-  for (std::int32_t i = 2; i <= grid.NX; ++i) {
-    w.ITOMBOLO(i) = 0;
-    w.HBS(i) = mean(w.HB, i);
-    w.ZBS(i) = mean(w.ZB, i);
-  }
-  for (std::int32_t i = 2; i <= grid.NX; ++i) {
-    w.HB(i) = w.HBS(i);
-    w.ZB(i) = w.ZBS(i);
-  }
+void set_step_frequency(Waves& w) {
+  w.SIGMA = 2.0f * PI / w.pass.T;
+  w.WK0 = w.SIGMA * w.SIGMA / G;
 }
 
 void set_group_speed(const Settings& settings, const Grid& grid, Waves& w) {

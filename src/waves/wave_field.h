@@ -13,12 +13,8 @@ bool is_calm(const Grid& grid, const Waves& waves);
 /// ALPHAC become 0 for this step.
 void break_waves(const Settings& settings, const Grid& grid, Waves& waves, PerWall<float>& ALPHAC);
 
-/// Energy sum over the zones of the coast, HB and ZB. Without structures the coast is one zone
-/// whose wave is the undiffracted one.
-void sum_zones(const Grid& grid, Waves& waves);
-
-/// Three-point smoothing of HB and ZB at the inner walls, weights a quarter, a half, a quarter.
-void smooth_field(const Grid& grid, Waves& waves);
+/// SIGMA and WK0 of the step, from the one period of the pass.
+void set_step_frequency(Waves& waves);
 
 /// CGB and WKB at the breaking depth HB/GAMMA; 0 without a wave. All walls take the one period of
 /// the pass, also where the period varies along the coast.

@@ -128,6 +128,38 @@ def cycling_block(date):
         "          Newly cycled wave event date is:        0", 63 * "*"]]
 
 
+def fixed(value, width, decimals):
+    """A wave as the report prints it, which no rounding error of single precision may decide."""
+    scaled = abs(value) * 10 ** decimals
+    assert abs(scaled - math.floor(scaled) - 0.5) > 1e-4, value
+    return "%*.*f" % (width, decimals, value)
+
+
+def last_waves(NX, H, T, degrees, depth):
+    """Heights and angles of the last step, on contours and a shoreline along the baseline."""
+    Hb, Zb, _ = breaking_wave(H, T, degrees, depth)
+    lines = ["  LAST TIME STEP. DIFFRACTED WAVES ALONGSHORE"]
+    for value in [Hb, Zb * 180 / PI]:
+        row = (NX + 1) * [fixed(value, 7, 2)]
+        lines += ["".join(row[n:n + 10]) for n in range(0, NX + 1, 10)]
+    return lines
+
+
+def wave_means(NX, H, T, degrees, depth):
+    """Means over a run of one wave: the wave itself. The last wall has no transport coefficient."""
+    Hb, Zb, _ = breaking_wave(H, T, degrees, depth)
+    angle = fixed(Zb * 180 / PI, 5, 1)
+    lines = ["  OUTPUT OF UNDIFFRACTED BREAKING WAVE STATISITCS",
+             "  N.B. THESE VALUES ARE NOT SMOOTHED!",
+             "   X-COORD.   H-MEAN   H52-MEAN   ZBS-MEAN   ZB-MEAN    HZ-MEAN"]
+    for wall in range(1, NX + 2):
+        Q = transport(H, T, degrees, depth) if wall <= NX else 0.0
+        lines.append("     %3d" % wall + 6 * " " + fixed(Hb, 5, 2) + 4 * " " +
+                     fixed(Hb ** 2.5, 5, 2) + 6 * " " + angle + 6 * " " + angle + 4 * " " +
+                     fixed(Q, 8, 4))
+    return lines
+
+
 def write(case, console, report, tables):
     folder = os.path.join(HERE, case, "expected")
     os.makedirs(folder, exist_ok=True)
@@ -161,18 +193,20 @@ def straight_tables(NX, shore, Q, dates, sums, mean, error=1e-6):
 
 
 def straight_beach():
-    Q = transport(1.0, 8.0, 10.0, 20.0)
+    wave = (1.0, 8.0, 10.0, 20.0)
+    Q = transport(*wave)
     date = 19970101
     write("straight_beach",
           opening("A straight beach under an oblique wave") + BANNER + year_block(0, 10, date) +
-          CLOSING, cycling_block(date),
+          CLOSING, cycling_block(date) + last_waves(20, *wave) + wave_means(20, *wave),
           straight_tables(20, 100.0, Q, 11 * [date], [(date, Q * 36000.0)],
                           (date, Q * SECONDS_PER_YEAR)))
 
 
 def print_dates():
     """Daily steps; blocks at step 3 and on 6 January, which is step 5; rows at 4, 8 and the end."""
-    Q = transport(0.55, 6.0, -15.0, 12.0)
+    wave = (0.55, 6.0, -15.0, 12.0)
+    Q = transport(*wave)
     day = 86400.0 * Q
     tables = straight_tables(
         6, 50.0, Q, [19970103, 19970106, 19970110, 19970112],
@@ -182,15 +216,17 @@ def print_dates():
     tables["mql"], tables["mqr"] = tables["mqr"], tables["mql"]
     write("print_dates",
           opening("Print dates and a last row") + BANNER + year_block(0, 10, 19970112) + CLOSING,
-          cycling_block(19970103), tables)
+          cycling_block(19970103) + last_waves(6, *wave) + wave_means(6, *wave), tables)
 
 
 def two_new_years():
-    Q = transport(0.3, 6.0, 8.0, 15.0)
+    wave = (0.3, 6.0, 8.0, 15.0)
+    Q = transport(*wave)
     day = 86400.0 * Q
     write("two_new_years",
           opening("Over two New Years") + BANNER + year_block(1, 366, 19961231) +
-          year_block(1, 370, 19970104) + CLOSING, cycling_block(19960101),
+          year_block(1, 370, 19970104) + CLOSING,
+          cycling_block(19960101) + last_waves(4, *wave) + wave_means(4, *wave),
           straight_tables(4, 75.0, Q,
                           [19960101, 19960301, 19960429, 19960628, 19960827, 19961026, 19961225,
                            19970104],
@@ -256,7 +292,8 @@ def adaptive_step():
     write("adaptive_step",
           opening("A step that is cut to an eighth") + BANNER + unstable + block +
           year_block(0, 32, 19970102) + CLOSING,
-          cycling_block(19970102) + reported + block,
+          cycling_block(19970102) + reported + block + last_waves(4, H, T, degrees, depth) +
+          wave_means(4, H, T, degrees, depth),
           straight_tables(4, 100.0, Q, [19970102, 19970101, 19970102, 19970102],
                           [(19970102, volume)], (19970102, volume / 32 * 365.25 * 16)))
 
