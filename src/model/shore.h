@@ -11,6 +11,7 @@ struct Shore {
   PerCell<double> Y;
   PerCell<double> YOLD;    ///< Y at the start of the pass, inlets bridged (run/)
   PerCell<double> YPREV;   ///< Y at entry of the sediment step (coast/)
+  PerCell<double> YBASE;   ///< Y ahead of the sweep, inlet placements included (coast/)
   PerCell<double> YSTART;  ///< initial Y (run/)
   PerCell<float> YMAX;     ///< seawardmost position so far (run/)
   PerCell<float> YMIN;     ///< landwardmost position so far (run/)

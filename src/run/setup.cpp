@@ -2,6 +2,7 @@
 
 #include "coast/profile_shape.h"
 #include "coast/seawalls.h"
+#include "coast/structure_places.h"
 #include "input/checks.h"
 #include "input/regional_angle.h"
 #include "input/shoreline_files.h"
@@ -51,6 +52,13 @@ void prepare_shoreline(Model& m) {
   s.YSWI = s.YSW;
 }
 
+/// Who stands beside whom, and the lines that the shoreline may not pass.
+void place_structures(Model& m) {
+  connect_groins_and_breakwaters(m.groins, m.breakwaters);
+  group_breakwaters(m.breakwaters);
+  set_breakwater_lines(m.grid, m.breakwaters, m.shore);
+}
+
 void prepare_sand(Model& m) {
   m.settings.ASHAPE = profile_shape_factor(m.settings.D50);
   m.settings.ASHAPE_GAMMA = m.settings.ASHAPE * m.settings.GAMMA;
@@ -88,8 +96,10 @@ void setup(Run& run, const std::string& path) {
   set_regional_angle(m.settings, m.grid, m.series, m.shore.YREG, m.waves);
   prepare_waves(run);
   announce_program();
+  subtract_regional_contour(m.settings, m.grid, m.shore.YREG, m.groins, m.breakwaters, m.tips);
   run.tables.open(m.settings.STEM, m.grid.NX);
   prepare_boundaries(m);
+  set_wall_types(m.grid, m.groins);
   prepare_shoreline(m);
   prepare_sand(m);
   TIPLIST(m.grid, m.breakwaters, m.tips, m.zones, m.diffraction);
@@ -97,6 +107,7 @@ void setup(Run& run, const std::string& path) {
   check_step_relations(m, run.report);
   check_bypass_count(m.events, run.report);
   check_groins_on_breakwaters(m.groins, m.breakwaters, run.report);
+  place_structures(m);
   refuse_unbuilt(m, run.files.configuration);
   warn_of_short_waves(m.series, m.clock);
   console_line("Time Simulation begins ...");

@@ -3,9 +3,11 @@
 #include <string>
 
 #include "coast/contour.h"
+#include "coast/groin_factors.h"
 #include "coast/orientation.h"
 #include "coast/profile_shape.h"
 #include "coast/sediment_step.h"
+#include "coast/structure_states.h"
 #include "coast/volumes.h"
 #include "model/constants.h"
 #include "output/announcements.h"
@@ -110,14 +112,15 @@ void set_slope(Model& m) {
     m.profile.K2EFF(i) = m.profile.K2CELL(i) / (K2_DIVISOR * m.waves.TANB);
 }
 
-/// From the wave at the reference depth to the breaking wave at every wall; false where the run
-/// stops.
+/// From the wave at the reference depth to the breaking wave at every wall and what gets past the
+/// groins; false where the run stops.
 bool bring_waves_to_breaking(Run& run) {
   Model& m = run.model;
   set_step_frequency(m.waves);
   set_shoreline_orientation(m.grid, m.boundaries, m.groins, m.shore);
   set_active_depth(m.grid, m.clock, m.waves, run.report);
   set_slope(m);
+  set_structure_states(m.grid, m.groins, m.breakwaters, m.shore, m.tips);
   break_waves(m.settings, m.grid, m.waves, m.shore.ALPHAC);
   if (m.settings.PRTOUT && m.clock.ITS < m.clock.NTS)
     UNDIFFSTAT(m.settings, m.grid, m.profile, m.waves, m.shore.ALPHA, m.undiffracted);
@@ -126,6 +129,8 @@ bool bring_waves_to_breaking(Run& run) {
   if (m.settings.PRTOUT && m.clock.ITS == m.clock.NTS)
     report_last_waves(m.settings, m.grid, m.waves, run.report);
   set_group_speed(m.settings, m.grid, m.waves);
+  GROINPASS(m.settings, m.series.WL, m.grid, m.profile, m.boundaries, m.waves, m.inlets.INLC,
+            m.shore, m.groins, m.transport);
   return true;
 }
 

@@ -15,11 +15,6 @@ WITHOUT_EFFECT = {
 
 # What the program reads and checks, and then refuses to run.
 NOT_RUN = {
-    "IXNDG": "groins",
-    "IXDG": "groins",
-    "DBI1": "detached breakwaters",
-    "KTMETDB": "the transmission of breakwaters",
-    "TIDEFILE": "tidal currents",
     "IINLS": "tidal inlets",
     "BFDATS": "beach fills",
     "BPDATS": "bypassing",
