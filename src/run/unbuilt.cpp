@@ -10,7 +10,6 @@ void refuse_unbuilt(const Model& m, const std::string& configuration) {
   };
   refuse_if(m.groins.NGRP > 0, "groins");
   refuse_if(m.breakwaters.NDB > 0 || m.settings.KTMETFLAG == 1, "detached breakwaters");
-  refuse_if(m.series.TIDEFLAG == 1, "tidal currents");
   refuse_if(m.inlets.NINL > 0, "tidal inlets");
   refuse_if(m.events.NBF > 0, "beach fills");
   refuse_if(m.events.NBP > 0, "bypass operations");

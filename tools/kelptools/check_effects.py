@@ -19,7 +19,6 @@ NOT_RUN = {
     "IXDG": "groins",
     "DBI1": "detached breakwaters",
     "KTMETDB": "the transmission of breakwaters",
-    "TIDEFILE": "tidal currents",
     "IINLS": "tidal inlets",
     "BFDATS": "beach fills",
     "BPDATS": "bypassing",
