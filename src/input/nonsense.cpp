@@ -89,6 +89,16 @@ void check_budget(const Budget& b, std::int32_t NX) {
   demand_indices("ILEDGQ2", b.ILEDGQ2, NX + 1);
 }
 
+/// Currents can be spread over stations out of their order, but mean nothing then.
+void warn_of_stations_out_of_order(const Array1<std::int32_t>& ITCEND) {
+  for (std::int32_t k = 2; k <= ITCEND.size(); ++k) {
+    if (ITCEND(k) > ITCEND(k - 1)) continue;
+    warning_line("TIDEFILE end cells do not ascend, " + std::to_string(ITCEND(k)) + " follows " +
+                 std::to_string(ITCEND(k - 1)));
+    return;
+  }
+}
+
 bool zero_everywhere(const PerWall<float>& values) {
   return std::all_of(values.begin(), values.end(), [](float value) { return value == 0.0f; });
 }
@@ -128,6 +138,7 @@ void warn_of_oddities(const Model& m) {
     warning_line("HAMP is 0 in every cell (a list left out is 0): the whole run is calm");
   if (zero_everywhere(m.waves.THETAAMP))
     warning_line("THETAAMP is 0 in every cell (a list left out is 0): all waves come straight in");
+  warn_of_stations_out_of_order(m.series.ITCEND);
 }
 
 }  // namespace kelprun

@@ -44,10 +44,6 @@ void warn_of_steepness(const Settings& settings, float h, std::int32_t& WAVEWARN
   if (WAVEWARN == -1) WAVEWARN = 2;
 }
 
-float interpolated(float lower, float upper, float fraction) {
-  return lower + (upper - lower) * fraction;
-}
-
 }  // namespace
 
 GaugeWave screened(GaugeWave wave, std::int32_t& NBADANG) {
@@ -65,30 +61,7 @@ void WaveEvents::place_walls(const Grid& grid, const Series& series) {
   const std::int32_t files = series.IWEND.size();
   positions_.assign(static_cast<std::size_t>(files), {});
   gauges_.assign(static_cast<std::size_t>(files), {});
-  places_.take(grid.NX);
-  std::int32_t p = 1;
-  for (std::int32_t i = 1; i <= grid.NX + 1; ++i) {
-    const std::int32_t s = series.IWEND(p) <= i ? p + 1 : p;
-    Place& place = places_(i);
-    std::int32_t lower_wall = 1;
-    std::int32_t upper_wall = grid.NX + 1;
-    if (s > 1) {
-      place.lower = s - 1;
-      lower_wall = series.IWEND(s - 1);
-    }
-    if (s <= files) {
-      place.upper = s;
-      upper_wall = series.IWEND(s);
-      p = s;
-    } else {
-      place.upper = files;
-      p = files;
-    }
-    // Where both walls coincide the wall has the lower gauge's values.
-    if (lower_wall != upper_wall)
-      place.fraction = (grid.XCELL(i) - grid.XCELL(lower_wall)) /
-                       (grid.XCELL(upper_wall) - grid.XCELL(lower_wall));
-  }
+  places_ = place_walls_between(grid, series.IWEND);
 }
 
 void WaveEvents::read_record(std::size_t n, InputFile& file, const Series& series,
@@ -129,7 +102,7 @@ void WaveEvents::read(InputFiles& files, const Settings& settings, const Grid& g
 
   const std::int32_t last = grid.NX + 1;
   for (std::int32_t i = 1; i <= last; ++i) {
-    const Place& place = places_(i);
+    const StationPlace& place = places_(i);
     const GaugeWave lower = gauge(place.lower);
     const GaugeWave upper = gauge(place.upper);
     const float f = place.fraction;

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "input/input_files.h"
+#include "input/stations.h"
 #include "model/model.h"
 #include "text/report.h"
 
@@ -34,12 +35,6 @@ class WaveEvents {
             const Clock& clock, Waves& waves, Report& report);
 
  private:
-  struct Place {
-    std::int32_t lower = 1;  ///< gauge on the left
-    std::int32_t upper = 1;  ///< gauge on the right
-    float fraction = 0.0f;   ///< of the way from the left to the right one
-  };
-
   /// What a file stands at: an item that a record leaves out keeps the value of the record before.
   struct Position {
     std::int32_t records = 0;  ///< read so far
@@ -50,7 +45,7 @@ class WaveEvents {
 
   void read_record(std::size_t n, InputFile& file, const Series& series, const Clock& clock);
 
-  PerWall<Place> places_;
+  PerWall<StationPlace> places_;
   std::vector<Position> positions_;  ///< one a file
   std::vector<GaugeWave> gauges_;    ///< waves of the event, after screening
   std::int32_t events_ = 0;          ///< wave events read so far

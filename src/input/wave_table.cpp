@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 
+#include "input/timed_records.h"
 #include "text/list_read.h"
 #include "text/standard_error.h"
 #include "text/stop.h"
@@ -50,7 +51,7 @@ void set_wave_step(Series& series, float DT, Report& report) {
   }
   const WaveStamp first = wave_stamp(series, 1, false);
   const WaveStamp second = wave_stamp(series, 2, false);
-  std::int32_t minutes = (second.hour - first.hour) - 40 * (second.hour / 100 - first.hour / 100);
+  std::int32_t minutes = clock_minutes(first.hour, second.hour);
   if (first.date != second.date) {
     if (first.date / 10000 != second.date / 10000) refuse_step("year", report);
     if (first.date / 100 != second.date / 100) refuse_step("month", report);

@@ -7,7 +7,7 @@
 
 namespace kelprun {
 
-/// Wave files, water levels and tidal currents over time. Owner: input/; IWEVENT: run/.
+/// Wave files, water levels and tidal currents over time. Owner: input/; what says so: run/.
 struct Series {
   std::int32_t NWFIL = 0;         ///< wave files announced (NUMWAVES)
   Array1<std::int32_t> IWEND;     ///< last cell served by each wave file
@@ -17,13 +17,13 @@ struct Series {
   Array1<std::int32_t> WAVEDATE;  ///< dates of the wave events
   Array1<std::int16_t> WAVEHOUR;  ///< clock times HHMM of the wave events
   float WAVEDT = 0.0f;            ///< time step of the wave files, h
-  std::int32_t IWEVENT = 0;       ///< current entry of the date table, cycled
+  std::int32_t IWEVENT = 0;       ///< current entry of the date table, cycled (run/)
 
   std::string WTRELFILE;  ///< water level file
   std::int32_t NWLREC = 0;
   float DTWL = 0.0f;        ///< time step of the water level file, h
   Array1<float> WLFILE;     ///< water levels, m
-  std::int32_t IWLREC = 2;  ///< current record of the water level file, less 1 its entry (run/)
+  std::int32_t IWLREC = 2;  ///< the entry in force plus 1, 2 to NWLREC+1, cycled (run/)
   float WL = 0.0f;          ///< water level in force, m; 0 without a file (run/)
 
   std::int32_t TIDEFLAG = 0;  ///< 1: tidal current files are given
@@ -32,9 +32,10 @@ struct Series {
   Array1<std::string> TCRNTFILE;
   float KTIDE = 1.0f;          ///< tidal current factor
   float DTTC = 0.0f;           ///< time step of the tidal current files, h
-  Array1<float> TCRNT;         ///< currents, one row of NX+1 walls a record
+  Array1<float> TCRNT;         ///< currents, a row of NTCPOINTS walls for each record
   std::int32_t ITCREC = 1;     ///< next record of the tidal current files (run/)
   std::int32_t NTCPOINTS = 0;  ///< walls that each record has a value for
+  bool TCENDED = false;        ///< the records are used up, and this has been said (run/)
 };
 
 }  // namespace kelprun

@@ -45,6 +45,10 @@ void report_cycling(const Clock& clock, const Series& series, Report& report) {
   report.line(STARS);
 }
 
+void report_date(const Clock& clock, Report& report) {
+  report.line(" DATE IS ", clock.CURDATE, ".  TIME STEP IS ", clock.ITS);
+}
+
 void announce_bad_angles(std::int32_t NBADANG, Report& report) {
   if (NBADANG == 0) return;
   // Console and report differ in their blanks, and always have.

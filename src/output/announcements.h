@@ -16,6 +16,9 @@ void announce_years(const Clock& clock);
 /// The report's warning that the wave events start over.
 void report_cycling(const Clock& clock, const Series& series, Report& report);
 
+/// The report's date line behind a warning: date and number of the step.
+void report_date(const Clock& clock, Report& report);
+
 /// The count of records with a wave angle beyond 90 degrees, at the end of the run.
 void announce_bad_angles(std::int32_t NBADANG, Report& report);
 

@@ -7,12 +7,15 @@
 #include "input/regional_angle.h"
 #include "input/shoreline_files.h"
 #include "input/structure_lists.h"
+#include "input/tidal_currents.h"
+#include "input/water_levels.h"
 #include "input/wave_table.h"
 #include "model/capacities.h"
 #include "model/constants.h"
 #include "output/announcements.h"
 #include "run/numerics.h"
 #include "run/run.h"
+#include "run/series_steps.h"
 #include "run/step_relations.h"
 #include "run/storage.h"
 #include "run/unbuilt.h"
@@ -23,6 +26,17 @@
 namespace kelprun {
 
 namespace {
+
+/// A failure that these find does not end the set-up: the first step looks at IERR before all else
+/// and leads to the common stop point, with report and tables opened by then.
+void read_series(Run& run) {
+  Model& m = run.model;
+  if (m.settings.KTMETFLAG == 1)
+    read_water_levels(m.settings, m.clock.DT, run.files, m.series, run.report);
+  if (m.series.TIDEFLAG == 0) return;
+  read_tidal_currents(m.grid, m.clock.DT, run.files, m.series, run.report);
+  check_tidal_points(m.grid, m.series, m.clock, run.report);
+}
 
 void prepare_waves(Run& run) {
   Model& m = run.model;
@@ -94,6 +108,7 @@ void setup(Run& run, const std::string& path) {
   read_cell_widths(m.settings, m.grid, run.report);
   read_shorelines(m.settings, m.grid, run.files, m.shore, run.report);
   set_regional_angle(m.settings, m.grid, m.series, m.shore.YREG, m.waves);
+  read_series(run);
   prepare_waves(run);
   announce_program();
   subtract_regional_contour(m.settings, m.grid, m.shore.YREG, m.groins, m.breakwaters, m.tips);

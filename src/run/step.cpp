@@ -15,6 +15,7 @@
 #include "run/calendar.h"
 #include "run/held_wave.h"
 #include "run/run.h"
+#include "run/series_steps.h"
 #include "run/stability.h"
 #include "run/year_block.h"
 #include "text/standard_error.h"
@@ -70,7 +71,7 @@ void count_wave_event(Run& run) {
 
 void date_wave_warning(Model& m, Report& report) {
   if (m.waves.WAVEWARN != 1 && !(m.waves.WAVEWARN == 2 && m.settings.PRWARN)) return;
-  report.line(" DATE IS ", m.clock.CURDATE, ".  TIME STEP IS ", m.clock.ITS);
+  report_date(m.clock, report);
   m.waves.WAVEWARN = -1;
 }
 
@@ -225,6 +226,8 @@ bool step(Run& run) {
   advance_step_number(c);
   advance_calendar(c);
   m.shore.DYSRC.fill(0.0);
+  take_water_level(m.settings, c, m.series);
+  take_tidal_currents(m.grid, c, m.series, m.transport, run.report);
   if (!wave_pass(run)) return stop_at_common_point(c);
   print_intermediate(run);
   keep_extremes(m.grid, m.shore);

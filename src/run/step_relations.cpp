@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "input/run_length.h"
+#include "input/timed_records.h"
 #include "model/constants.h"
 #include "model/months.h"
 #include "text/stop.h"
@@ -12,11 +13,6 @@
 namespace kelprun {
 
 namespace {
-
-/// The remainder is taken between thousandths, in single precision; it must be exactly zero.
-bool is_multiple(float interval, float DT) {
-  return std::fmod(1000.0f * interval, 1000.0f * DT) == 0.0f;
-}
 
 void check_wave_step(float WAVEDT, float DT, Report& report) {
   if (DT > WAVEDT) {
@@ -36,20 +32,6 @@ void check_save_interval(float DTSAVE, float DT, Report& report) {
   report.line(" ERROR. DTSAVE MUST BE A MULTIPLE OF SIMULATION TIME STEP.");
   report.line(" PLEASE  REVIEW AND REVISE YOUR .cfg FILE.");
   fatal("ERROR. DTSAVE not a multiple of simulation time step.");
-}
-
-void check_water_level_step(float DTWL, float DT, Report& report) {
-  if (DT > DTWL) {
-    report.line(" ERROR. SIMULATION TIME STEP GREATER THAN TIME STEP IN WATER LEVEL FILE.");
-    report.line(" PLEASE REVIEW AND REVISE YOUR .cfg AND INPUT WATER LEVEL FILES AS APPROPRIATE.");
-    fatal("ERROR. Simulation time step greater than water level time step");
-  }
-  if (!is_multiple(DTWL, DT)) {
-    report.line(
-        " ERROR. TIME STEP IN WATER LEVEL FILE MUST BE A MULTIPLE OF SIMULATION TIME STEP.");
-    report.line(" PLEASE REVIEW AND REVISE YOUR .cfg AND INPUT WATER LEVEL FILES AS APPROPRIATE.");
-    fatal("ERROR. Water level time step not a multiple of simulation time step");
-  }
 }
 
 bool is_wrong_date(std::int32_t date) {
@@ -85,7 +67,6 @@ void check_step_relations(Model& m, Report& report) {
   const float DT = m.clock.DT;
   check_wave_step(m.series.WAVEDT, DT, report);
   check_save_interval(m.clock.DTSAVE, DT, report);
-  if (m.settings.KTMETFLAG == 1) check_water_level_step(m.series.DTWL, DT, report);
   spread_fills(m.events, m.clock.SPD, report);
   m.clock.DAYSTEP = 1.0f / m.clock.SPD;
   count_steps(m.clock, m.settings, m.series);
@@ -97,6 +78,7 @@ void count_steps(Clock& c, const Settings& settings, const Series& series) {
   c.NWSTEP = steps_in(series.WAVEDT, c.DT);
   // Water levels serve computed transmission alone.
   if (settings.KTMETFLAG == 1) c.NWLSTEP = steps_in(series.DTWL, c.DT);
+  if (series.TIDEFLAG == 1) c.NTCSTEP = steps_in(series.DTTC, c.DT);
 }
 
 float volume_factor(float DT, float CONVYD3) { return 3600.0f * DT / CONVYD3; }

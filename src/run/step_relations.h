@@ -5,8 +5,9 @@
 
 namespace kelprun {
 
-/// Refuses intervals of waves, tables and water levels that do not go with the step length, turns
-/// the amounts of beach fills into amounts per step, and counts the steps of each interval.
+/// Refuses intervals of waves and tables that do not go with the step length, turns the amounts of
+/// beach fills into amounts per step, and counts the steps of each interval. Water levels and tidal
+/// currents have been checked by their readers.
 void check_step_relations(Model& model, Report& report);
 
 /// Steps between the records of each interval, nearest integers; an interval that rounds to 0

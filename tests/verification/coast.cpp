@@ -73,6 +73,7 @@ void write_coast(const WorkFolder& folder, const Coast& coast) {
   folder.write("run.cfg", configuration(coast));
   folder.write("shore.dat", cell_file(coast.shoreline));
   folder.write("waves.dat", coast.waves);
+  if (!coast.tide.empty()) folder.write("tide.dat", coast.tide);
   if (!coast.contour.empty()) folder.write("contour.dat", cell_file(coast.contour));
 }
 

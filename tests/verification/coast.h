@@ -18,6 +18,7 @@ struct Coast {
   std::vector<double> shoreline;  ///< one value a cell
   std::vector<double> contour;    ///< a contour file is written where this is not empty
   std::string waves;              ///< contents of the wave file
+  std::string tide{};             ///< contents of a tidal current file tide.dat, where one is named
   std::map<std::string, std::string> keywords{};
   std::vector<std::string> more_lines{};
 

@@ -104,6 +104,13 @@ double transport(const BrokenWave& wave, double shoreline, double K1) {
          std::sin(2.0 * (wave.angle - shoreline));
 }
 
+double tidal_transport(const BrokenWave& wave, double shoreline, double K1, double current) {
+  const double speed = std::sqrt(breaker_index * gravity * wave.H / (4.0 * 1.416));
+  const double sine = current / (2.7 * speed);
+  return K1 / transport_divisor() * wave.H * wave.H * wave.Cg * 2.0 * sine *
+         std::cos(wave.angle - shoreline);
+}
+
 double transport_along(const OffshoreWave& wave, double shoreline, double K1, Contour contour,
                        BreakingTheory breaking) {
   return transport(breaking(wave, contour == Contour::stays_straight ? 0.0 : shoreline), shoreline,

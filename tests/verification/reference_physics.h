@@ -45,6 +45,10 @@ double transport_divisor();
 /// The CERC formula (m3/s) for significant breaking height, the shoreline at `shoreline` radians.
 double transport(const BrokenWave& wave, double shoreline, double K1);
 
+/// What a tidal current (m/s) along the coast adds to it, m3/s: the same formula with the current
+/// in the place of 2.7 sqrt(gamma g Hb/(4 1.416)) sin(angle).
+double tidal_transport(const BrokenWave& wave, double shoreline, double K1, double current);
+
 /// What turns with the shoreline: the contour that the waves refract over, or nothing.
 enum class Contour { turns_with_the_shoreline, stays_straight };
 

@@ -84,6 +84,16 @@ TEST_F(nonsense, water_levels_and_tidal_currents_need_two_records) {
   expect_accepted();
 }
 
+TEST_F(nonsense, tidal_stations_out_of_their_order_are_warned_of) {
+  check({}, {"TIDEFILE: 15 2 waves.dat", "TIDEFILE: 5 2 waves.dat", "TIDEFILE: 5 2 waves.dat"});
+  expect_accepted();
+  EXPECT_EQ(now->said.err, "kelprun: warning: TIDEFILE end cells do not ascend, 5 follows 15\n");
+  check({}, {"TIDEFILE: 5 2 waves.dat", "TIDEFILE: 5 2 waves.dat"});
+  EXPECT_EQ(now->said.err, "kelprun: warning: TIDEFILE end cells do not ascend, 5 follows 5\n");
+  check({}, {"TIDEFILE: 5 2 waves.dat", "TIDEFILE: 15 2 waves.dat"});
+  EXPECT_EQ(now->said.err, "");
+}
+
 TEST_F(nonsense, indices_outside_the_grid_are_refused_by_keyword_and_value) {
   struct Case {
     Lines given;

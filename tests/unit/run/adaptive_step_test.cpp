@@ -36,6 +36,8 @@ Model adaptive_coast(float DT) {
   m.series.WAVEDT = 4.0f;
   m.series.DTWL = 8.0f;
   m.settings.KTMETFLAG = 1;  // so that water levels count
+  m.series.DTTC = 2.0f;
+  m.series.TIDEFLAG = 1;
   count_steps(m.clock, m.settings, m.series);
   m.clock.VOLFAC = volume_factor(DT, 1.0f);
   return m;
@@ -217,6 +219,7 @@ TEST(adaptive_step, everything_that_follows_from_the_step_is_rescaled) {
   EXPECT_EQ(c.NDTSAVE, 48);
   EXPECT_EQ(c.NWSTEP, 8);
   EXPECT_EQ(c.NWLSTEP, 16);
+  EXPECT_EQ(c.NTCSTEP, 4);
   EXPECT_EQ(c.NSTABSTEPS, 1344.0f);
   EXPECT_EQ(m.events.YADD(1), 1.0f);
   EXPECT_EQ(m.events.YADD(2), -0.8f * 6.0f / 48.0f);

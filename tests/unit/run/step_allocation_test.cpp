@@ -48,9 +48,13 @@ TEST(step, a_step_without_a_record_due_allocates_nothing) {
   folder.write("waves.dat",
                "19970101 0 1.0 8.0 10\n19970101 100 1.1 8.1 -9\n19970101 200 0.9 8.0 8\n"
                "19970101 300 0.0 0.0 0\n19970101 400 1.2 8.5 30\n19970101 500 0.7 6.5 3\n");
-  folder.write("run.cfg",
-               kelptest::basic_configuration(
-                   {{"WAVEID", "20 20.0 6 waves.dat"}, {"SIMDATE", "6"}, {"DTSAVE", "100"}}));
+  folder.write("tide.dat",
+               "19970101 0 0.1\n19970101 100 0.2\n19970101 200 0.3\n19970101 300 -0.1\n"
+               "19970101 400 0\n19970101 500 0.1\n");
+  folder.write("run.cfg", kelptest::basic_configuration({{"WAVEID", "20 20.0 6 waves.dat"},
+                                                         {"SIMDATE", "6"},
+                                                         {"DTSAVE", "100"},
+                                                         {"TIDEFILE", "20 6 tide.dat"}}));
   const InFolder inside(folder.path());
   testing::internal::CaptureStdout();
   kelprun::Run run;

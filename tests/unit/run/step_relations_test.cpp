@@ -42,8 +42,6 @@ const std::vector<std::string> BAD_SAVE{
     " PLEASE  REVIEW AND REVISE YOUR .cfg FILE."};
 const std::string REVIEW_WAVES =
     " PLEASE REVIEW AND REVISE YOUR .cfg AND INPUT WAVE FILES AS APPROPRIATE.";
-const std::string REVIEW_LEVELS =
-    " PLEASE REVIEW AND REVISE YOUR .cfg AND INPUT WATER LEVEL FILES AS APPROPRIATE.";
 
 TEST(step_relations, a_save_interval_of_7_hours_does_not_go_with_steps_of_3) {
   // 7000 over 3000 leaves 1000.
@@ -86,24 +84,24 @@ TEST(step_relations, a_wave_step_that_is_no_multiple_is_refused_before_the_save_
       "ERROR. Wave time step not a multiple of simulation time step");
 }
 
-TEST(step_relations, the_water_level_step_is_asked_only_where_transmission_is_computed) {
+TEST(step_relations, steps_between_water_levels_are_counted_where_transmission_is_computed) {
   Model m = with_steps(2.0f, 2.0f, 2.0f);
-  m.series.DTWL = 1.0f;
-  accept(m);
-  m.settings.KTMETFLAG = 1;
-  expect_refusal(
-      m,
-      {" ERROR. SIMULATION TIME STEP GREATER THAN TIME STEP IN WATER LEVEL FILE.", REVIEW_LEVELS},
-      "ERROR. Simulation time step greater than water level time step");
-  m.series.DTWL = 3.0f;
-  expect_refusal(
-      m,
-      {" ERROR. TIME STEP IN WATER LEVEL FILE MUST BE A MULTIPLE OF SIMULATION TIME STEP.",
-       REVIEW_LEVELS},
-      "ERROR. Water level time step not a multiple of simulation time step");
   m.series.DTWL = 6.0f;
   accept(m);
+  EXPECT_EQ(m.clock.NWLSTEP, 0);
+  m.settings.KTMETFLAG = 1;
+  accept(m);
   EXPECT_EQ(m.clock.NWLSTEP, 3);
+}
+
+TEST(step_relations, steps_between_tidal_currents_are_counted_where_files_are_given) {
+  Model m = with_steps(2.0f, 2.0f, 2.0f);
+  m.series.DTTC = 4.0f;
+  accept(m);
+  EXPECT_EQ(m.clock.NTCSTEP, 0);
+  m.series.TIDEFLAG = 1;
+  accept(m);
+  EXPECT_EQ(m.clock.NTCSTEP, 2);
 }
 
 TEST(step_relations, the_counts_of_steps_are_rounded_with_halves_away_from_zero) {
@@ -115,10 +113,13 @@ TEST(step_relations, the_counts_of_steps_are_rounded_with_halves_away_from_zero)
   c.DTSAVE = 5.0f;
   s.WAVEDT = 3.0f;
   s.DTWL = 2.9f;
+  s.TIDEFLAG = 1;
+  s.DTTC = 7.0f;
   count_steps(c, settings, s);
   EXPECT_EQ(c.NDTSAVE, 3);
   EXPECT_EQ(c.NWSTEP, 2);
   EXPECT_EQ(c.NWLSTEP, 1);
+  EXPECT_EQ(c.NTCSTEP, 4);
 }
 
 TEST(step_relations, an_interval_that_rounds_to_no_step_counts_as_one) {
@@ -129,10 +130,13 @@ TEST(step_relations, an_interval_that_rounds_to_no_step_counts_as_one) {
   c.DT = 24.0f;
   c.DTSAVE = 1.0f;
   s.WAVEDT = 0.0f;
+  s.TIDEFLAG = 1;
+  s.DTTC = 6.0f;
   count_steps(c, settings, s);
   EXPECT_EQ(c.NDTSAVE, 1);
   EXPECT_EQ(c.NWSTEP, 1);
   EXPECT_EQ(c.NWLSTEP, 1);
+  EXPECT_EQ(c.NTCSTEP, 1);
 }
 
 TEST(step_relations, the_day_fraction_and_the_volume_factor_follow_from_the_step) {

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <string>
+#include <vector>
 
+#include "run/series_steps.h"
 #include "support/program.h"
 #include "unit/run/in_process.h"
 #include "unit/text/stops.h"
@@ -40,6 +42,26 @@ TEST(stop_point, a_failure_found_before_the_first_step_ends_the_run_there) {
   EXPECT_FALSE(watched.step());
   EXPECT_EQ(watched.model().clock.ITS, 0);
   EXPECT_TRUE(watched.model().clock.STOPPED);
+}
+
+// A record with too few walls stops the run behind its set-up, ahead of the first step.
+TEST(stop_point, a_run_that_lacks_tidal_points_closes_with_the_values_it_has) {
+  kelptest::WatchedRun watched(kelptest::basic_configuration({}), STEADY);
+  kelprun::Model& m = watched.model();
+  m.series.TIDEFLAG = 1;
+  m.series.NTCPOINTS = 20;
+  kelprun::check_tidal_points(m.grid, m.series, m.clock, watched.run.report);
+  EXPECT_FALSE(watched.step());
+  int status = -1;
+  const kelptest::Said said = kelptest::listen([&] { status = watched.finish(); });
+  EXPECT_EQ(status, 0);
+  EXPECT_EQ(said.out, " <<<Simulation finished>>>\n Model run completed\n");
+  const auto report = kelptest::lines(watched.folder().read("run.prt"));
+  EXPECT_EQ(report, (std::vector<std::string>{
+                        "  Not enough tidal current data 20 points provided 21 points needed",
+                        "  EXECUTION STOPPED DURING TIME STEP 0"}));
+  EXPECT_EQ(kelptest::read_table(watched.folder().read("run.mqn"), 16).rows.size(), 1u);
+  EXPECT_EQ(kelptest::read_table(watched.folder().read("run.slo"), 14).rows.size(), 0u);
 }
 
 }  // namespace
