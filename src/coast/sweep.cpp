@@ -1,5 +1,7 @@
 #include "coast/sweep.h"
 
+#include "coast/cell_update.h"
+
 namespace kelprun {
 
 namespace {
@@ -64,8 +66,7 @@ class Sweep {
   }
 
   double moved(std::int32_t c) const {
-    return Y_(c) - static_cast<double>((RDEN_(c) / DX_(c)) * (Q_(c + 1) - Q_(c))) +
-           static_cast<double>(RDEN_(c)) * DYSRC_(c);
+    return moved_position(Y_(c), RDEN_(c), DX_(c), Q_(c), Q_(c + 1), DYSRC_(c));
   }
 
   /// Stores the new position, or the seawall's where the cell would pass it; true in that case.
