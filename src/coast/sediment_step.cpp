@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "coast/lee.h"
 #include "coast/relaxation.h"
 #include "coast/sweep.h"
 #include "coast/transport.h"
@@ -39,7 +40,9 @@ void SEDSTEP(const Settings& settings, float DT, const Grid& grid, const Profile
   // The relaxation follows, so that it may change the wall next to a pinned or moving end.
   set_boundary_walls(grid, boundaries, transport);
   relax_nodal_points(grid, transport.Q);
+  keep_base_of_lees(grid, breakwaters, shore);
   move_shoreline(grid, inlets.INLC, shore, transport);
+  fill_lees(grid, groins, breakwaters, inlets.INLC, shore, transport);
   sum_step(grid, transport);
 }
 

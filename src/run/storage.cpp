@@ -21,11 +21,11 @@ void take_storage(Model& m) {
            w.HBU, w.ZBU, w.WKBU, w.CGBU, w.HB, w.ZB, w.CGB, w.WKB, w.HBS, w.ZBS, w.SWS, w.ITOMBOLO,
            w.DLTZ, w.HRF_held, w.ZRF_held);
   Shore& s = m.shore;
-  take_all(NX, s.Y, s.YOLD, s.YPREV, s.YSTART, s.YMAX, s.YMIN, s.YDIFF, s.YREG, s.YCON, s.WORK,
-           s.SM, s.ALPHAC, s.ALPHA, s.YSW, s.YSWI, s.YBWI, s.DYSRC);
+  take_all(NX, s.Y, s.YOLD, s.YPREV, s.YBASE, s.YSTART, s.YMAX, s.YMIN, s.YDIFF, s.YREG, s.YCON,
+           s.WORK, s.SM, s.ALPHAC, s.ALPHA, s.YSW, s.YSWI, s.YBWI, s.DYSRC);
   s.YBW.take(NX, NO_BREAKWATER_LINE);
   Transport& t = m.transport;
-  take_all(NX, t.Q, t.QRIGHT, t.QLEFT, t.QGROSS, t.QBWTIP, t.QLEE, t.TCUR, t.CB, t.RDEN);
+  take_all(NX, t.Q, t.QRIGHT, t.QLEFT, t.QGROSS, t.QBWTIP, t.QLEE, t.QSWEPT, t.TCUR, t.CB, t.RDEN);
   Ledgers& l = m.ledgers;
   take_all(NX, l.QNETYR, l.QLEFTYR, l.QRIGHTYR, l.QGROSSYR, l.QNETSUM, l.QLEFTSUM, l.QRIGHTSUM,
            l.QANNUAL, l.QNETMEAN, l.QLEFTMEAN, l.QRIGHTMEAN, l.VOLCELL, l.VOLLEN, l.VFILLP,
