@@ -44,7 +44,10 @@ class Lee {
         t_(transport) {}
 
   void LEEFILL() {
-    for (std::int32_t i = I1_; i <= I2_ + 1; ++i) t_.QLEE(i) = 0.0f;
+    for (std::int32_t i = I1_; i <= I2_ + 1; ++i) {
+      t_.QLEE(i) = 0.0f;
+      t_.QSWEPT(i) = t_.Q(i);
+    }
     const float QT1 = t_.QBWTIP(I1_);
     const float QT2 = t_.QBWTIP(I2_ + 1);
     // Sand that would enter at both tips stays on its walls: neither tip is asked for a share.
@@ -170,12 +173,16 @@ class Lee {
     t_.Q(side.outer(c)) = t_.QSWEPT(side.outer(c)) + (t_.Q(from) - t_.QSWEPT(from));
   }
 
-  /// The cell outside the tip, or the first one beyond an inlet there.
+  /// The cell outside the tip. Across an inlet, and a lee beyond it, the sand goes on to the first
+  /// open beach: the walls between take it through.
   void settle_outside(const Side& side) {
     if (!has_changed(side.tip_wall())) return;
     const float change = t_.Q(side.tip_wall()) - t_.QSWEPT(side.tip_wall());
     std::int32_t c = side.outside();
-    for (; c >= 1 && c <= NX_ && INLC_(c) == 1; c -= side.inwards) t_.Q(side.outer(c)) += change;
+    while (c >= 1 && c <= NX_ && (INLC_(c) == 1 || IBWST_(c) != 0)) {
+      t_.Q(side.outer(c)) += change;
+      c -= side.inwards;
+    }
     if (c >= 1 && c <= NX_) move(c);
   }
 
@@ -214,8 +221,6 @@ void keep_base_of_lees(const Grid& grid, const Breakwaters& breakwaters, Shore& 
 
 void fill_lees(const Grid& grid, const Groins& groins, const Breakwaters& breakwaters,
                const PerCell<std::int32_t>& INLC, Shore& shore, Transport& t) {
-  if (breakwaters.lee_groups.empty()) return;
-  for (std::int32_t i = 1; i <= grid.NX + 1; ++i) t.QSWEPT(i) = t.Q(i);
   for (const LeeGroup& group : breakwaters.lee_groups)
     Lee(grid, groins, breakwaters, INLC, group, shore, t).LEEFILL();
 }

@@ -30,7 +30,7 @@ struct Shore {
   PerCell<double> YSWI;  ///< landward limit as built, -9999 without a seawall (coast/)
   /// Landward limit of the step: YSWI, or YBWI where the shoreline has passed a breakwater (coast/)
   PerCell<double> YSW;
-  PerCell<double> YBWI;   ///< breakwater line as built; read behind breakwaters alone (run/)
+  PerCell<double> YBWI;   ///< breakwater line as built; read behind breakwaters alone (coast/)
   PerCell<double> YBW;    ///< breakwater line ahead of the shoreline, 99999 without one (coast/)
   PerWall<double> DYSRC;  ///< source rate of bypass material, m2/s (coast/)
 };

@@ -29,7 +29,8 @@ struct Groins {
 
   /// Structure type of a wall: 0 none; 1, 3, 4 diffracting groin with its tip seaward of, level
   /// with, landward of the shoreline; 2 beside a diffracting groin; -1, -2 non-diffracting groin
-  /// with its tip seaward of, level with the shoreline. Walls 1 to NX+1.
+  /// with its tip seaward of, level with the shoreline. Walls 1 to NX+1. Writers in call order:
+  /// set-up, the structure states and the groin factors of each pass.
   PerWall<std::int32_t> ICSTR;
 };
 

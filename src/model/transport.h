@@ -14,7 +14,7 @@ struct Transport {
   /// step (which clears it and sets it at the tips).
   PerWall<float> QBWTIP;
   PerWall<float> QLEE;    ///< transport laid down in the lee of breakwaters
-  PerWall<float> QSWEPT;  ///< Q as the sweep left it, ahead of the lee of breakwaters
+  PerWall<float> QSWEPT;  ///< Q in the lee of breakwaters as the sweep left it
   PerWall<float> TCUR;    ///< tidal current term, 0 without tidal current files
   PerWall<float> CB;      ///< sqrt(G GAMMA HB/(4 1.416)), m/s
   PerWall<float> RDEN;    ///< DT 3600/(DCLOS + BERMHT), s/m, cells 1 to NX
