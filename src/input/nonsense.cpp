@@ -69,8 +69,28 @@ void check_series(const Series& s, std::int32_t NX) {
   demand_indices("TIDEFILE end cell", s.ITCEND, NX + 1);
 }
 
+/// A wave that bends around a tip, or meets a breakwater, needs water under it.
+void check_depths(const Groins& g, const Breakwaters& b) {
+  for (std::int32_t k = 1; k <= g.NDG; ++k)
+    demand_positive("DDG of the groin at wall " + std::to_string(g.IXDG(k)), g.DDG(k));
+  for (std::int32_t k = 1; k <= b.NDB; ++k) {
+    const std::string breakwater = " of breakwater " + std::to_string(k);
+    demand_positive("DBDEP1" + breakwater, b.DBDEP1(k));
+    demand_positive("DBDEP2" + breakwater, b.DBDEP2(k));
+  }
+}
+
+void check_transmission(const Array1<float>& TRANDB) {
+  for (std::int32_t k = 1; k <= TRANDB.size(); ++k)
+    if (!(TRANDB(k) >= 0.0f))
+      fatal("TRANDB of breakwater " + std::to_string(k) + " must not be below 0, it is " +
+            free_number(TRANDB(k)));
+}
+
 void check_structures(const Model& m) {
   const std::int32_t NX = m.grid.NX;
+  check_depths(m.groins, m.breakwaters);
+  check_transmission(m.breakwaters.TRANDB);
   demand_capacity("ISWBEG", m.seawalls.NSW, capacity::SEAWALLS);
   demand_indices("ISWBEG", m.seawalls.ISWBEG, NX);
   demand_indices("ISWEND", m.seawalls.ISWEND, NX);

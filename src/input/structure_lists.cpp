@@ -1,7 +1,10 @@
 #include "input/structure_lists.h"
 
+#include <algorithm>
+
 #include "input/refusal.h"
 #include "model/capacities.h"
+#include "model/diffraction.h"
 
 namespace kelprun {
 
@@ -174,6 +177,7 @@ void check_breakwaters(Model& m) {
   }
   check_breakwater_ends(m.grid, m.groins, m.tips.breakwater_tips);
   if (m.settings.KTMETFLAG == 1) b.TRANDB.fill(0.5f);
+  std::replace(b.TRANDB.begin(), b.TRANDB.end(), OPEN_WATER, NEARLY_OPEN);
 }
 
 void insert_left_end(Tips& t) {

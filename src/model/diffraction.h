@@ -6,8 +6,13 @@
 
 namespace kelprun {
 
+/// What a zone of open water holds for a transmission coefficient.
+inline constexpr float OPEN_WATER = 1.0f;
 /// What a zone without extent holds for a transmission coefficient: two tips coincide.
 inline constexpr float NO_EXTENT = -1.0f;
+/// What a breakwater's transmission coefficient of exactly 1.0 is held as, so that its zone is not
+/// taken for open water.
+inline constexpr float NEARLY_OPEN = 0.99f;
 
 /// The row of zones along the coast; zone z lies between tips z and z+1. Owner: waves/.
 struct Zones {

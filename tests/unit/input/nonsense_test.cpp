@@ -121,6 +121,61 @@ TEST_F(nonsense, no_tip_of_a_breakwater_leads_out_of_the_grid) {
   }
 }
 
+/// The lines of a breakwater with one of them given anew behind it.
+Lines breakwater_with(const std::string& line) {
+  Lines lines{"DBI1: 5",   "DBI2: 8",   "DBY1: 300",  "DBY2: 300",
+              "DBDEP1: 3", "DBDEP2: 3", "TRANDB: 0.5"};
+  const std::string keyword = line.substr(0, line.find(':'));
+  for (std::string& given : lines)
+    if (given.starts_with(keyword + ":")) given = line;
+  return lines;
+}
+
+TEST_F(nonsense, a_tip_must_stand_in_water) {
+  for (const std::string depth : {"0", "-2.5"}) {
+    expect_refused({}, breakwater_with("DBDEP1: " + depth), {"DBDEP1 of breakwater 1", depth});
+    expect_refused({}, breakwater_with("DBDEP2: " + depth), {"DBDEP2 of breakwater 1", depth});
+    // The groins are put in order first, so that the wall names them.
+    expect_refused({}, {"IXDG: 15", "YDG: 200", "DDG: " + depth, "IXDG: 9", "YDG: 200", "DDG: 4"},
+                   {"DDG", "wall 15", depth});
+  }
+  check({}, breakwater_with("DBDEP1: 0.01"));
+  expect_accepted();
+  check({}, {"IXDG: 9", "YDG: 200", "DDG: 0.01"});
+  expect_accepted();
+}
+
+TEST_F(nonsense, a_breakwater_without_its_depths_is_refused) {
+  expect_refused({}, {"DBI1: 5", "DBI2: 8", "DBY1: 300", "DBY2: 300", "TRANDB: 0.5"},
+                 {"DBDEP1 of breakwater 1"});
+}
+
+TEST_F(nonsense, a_given_transmission_coefficient_is_not_below_0) {
+  expect_refused({}, breakwater_with("TRANDB: -0.25"), {"TRANDB of breakwater 1", "-0.25"});
+  // It would pass for a zone without extent.
+  expect_refused({}, breakwater_with("TRANDB: -1"), {"TRANDB", "-1."});
+  for (const std::string passes : {"0", "0.5", "1", "1.2"}) {
+    check({}, breakwater_with("TRANDB: " + passes));
+    expect_accepted();
+  }
+}
+
+TEST_F(nonsense, a_given_coefficient_does_not_matter_where_it_is_computed) {
+  Lines lines = breakwater_with("TRANDB: -0.25");
+  lines.emplace_back("KTMETDB: 0");
+  check({}, lines);
+  expect_accepted();
+  EXPECT_EQ(model().breakwaters.TRANDB(1), 0.5f);
+}
+
+TEST_F(nonsense, a_breakwater_without_a_stone_size_is_not_refused) {
+  Lines lines = breakwater_with("TRANDB: 0.5");
+  for (const char* line : {"KTMETDB: 1", "HDB: 2", "BDB: 4"}) lines.emplace_back(line);
+  check({}, lines);
+  expect_accepted();
+  EXPECT_EQ(model().breakwaters.D50DB(1), 0.0f);
+}
+
 TEST_F(nonsense, the_last_cell_and_the_last_wall_are_inside) {
   check({}, {"ISWBEG: 1", "ISWEND: 20", "ILEDGV1: 1", "ILEDGV2: 20", "ILEDGQ1: 1", "ILEDGQ2: 21"});
   expect_accepted();

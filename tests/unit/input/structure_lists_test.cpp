@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <bit>
+#include <cmath>
 #include <string>
 #include <vector>
 
@@ -141,6 +143,19 @@ TEST_F(structure_lists, a_breakwater_stands_with_both_tips) {
   EXPECT_EQ(t(2).D, 4.5f);
   EXPECT_EQ(t(3).Y, 160.0f);
   EXPECT_EQ(t(3).D, 5.5f);
+}
+
+TEST_F(structure_lists, a_given_transmission_of_exactly_one_is_held_as_099) {
+  for (std::int32_t left : {3, 7, 11, 15}) coast.breakwater(left, left + 2);
+  auto& TRANDB = coast.model.breakwaters.TRANDB;
+  TRANDB(1) = 1.0f;
+  TRANDB(2) = std::nextafter(1.0f, 0.0f);
+  TRANDB(3) = std::nextafter(1.0f, 2.0f);
+  build();
+  EXPECT_EQ(std::bit_cast<std::uint32_t>(TRANDB(1)), 0x3F7D70A4u);
+  EXPECT_EQ(TRANDB(2), std::nextafter(1.0f, 0.0f));
+  EXPECT_EQ(TRANDB(3), std::nextafter(1.0f, 2.0f));
+  EXPECT_EQ(TRANDB(4), 0.25f);
 }
 
 TEST_F(structure_lists, every_breakwater_adds_a_zone) {
