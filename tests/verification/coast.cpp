@@ -74,6 +74,7 @@ void write_coast(const WorkFolder& folder, const Coast& coast) {
   folder.write("shore.dat", cell_file(coast.shoreline));
   folder.write("waves.dat", coast.waves);
   if (!coast.tide.empty()) folder.write("tide.dat", coast.tide);
+  if (!coast.levels.empty()) folder.write("levels.dat", coast.levels);
   if (!coast.contour.empty()) folder.write("contour.dat", cell_file(coast.contour));
 }
 
@@ -90,6 +91,11 @@ CoastRun::CoastRun(const Coast& coast) {
 void CoastRun::to_the_end() {
   while (step()) {
   }
+}
+
+std::string CoastRun::finish() {
+  kelprun::finish(run_);
+  return folder_.read("run.prt");
 }
 
 std::vector<double> CoastRun::shoreline() const {

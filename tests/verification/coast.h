@@ -19,6 +19,7 @@ struct Coast {
   std::vector<double> contour;    ///< a contour file is written where this is not empty
   std::string waves;              ///< contents of the wave file
   std::string tide{};             ///< contents of a tidal current file tide.dat, where one is named
+  std::string levels{};           ///< contents of a water level file levels.dat, where one is named
   std::map<std::string, std::string> keywords{};
   std::vector<std::string> more_lines{};
 
@@ -55,6 +56,8 @@ class CoastRun {
   bool step() { return kelprun::step(run_); }
   /// All steps that are left.
   void to_the_end();
+  /// Closes the run; gives the report.
+  std::string finish();
 
   const kelprun::Model& model() const { return run_.model; }
   double Y(int cell) const { return run_.model.shore.Y(cell); }
