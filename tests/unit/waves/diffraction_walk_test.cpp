@@ -153,6 +153,15 @@ TEST(diffraction_walk, the_wall_where_a_walk_begins_is_worked_though_its_cell_is
   EXPECT_EQ(m.diffraction.HBD(39), 0.0f);
 }
 
+TEST(diffraction_walk, the_starting_wall_is_worked_at_the_limit_of_the_other_tip_as_well) {
+  // A right tip one wall ahead of the end: the walk from the end begins at that very wall.
+  Model m = sea({80, 20.0f, {}, {{70, 80, 200.0f, 6.0f, 0.3f}}}, FROM_LEFT);
+  m.breakwaters.IBWST(80) = -1;
+  ZoneByZone zones(m);
+  zones.compare(3);
+  EXPECT_GT(m.diffraction.HBD(80), 0.0f);
+}
+
 TEST(diffraction_walk, inside_an_inlet_there_is_no_wave) {
   Model m = sea(one_breakwater(), FROM_LEFT);
   m.inlets.NINL = 1;

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <string>
 
 #include "unit/waves/diffracting_coast.h"
@@ -10,6 +11,23 @@
 #include "waves/diffraction.h"
 
 namespace kelptest {
+
+/// Coefficient at a left tip by plain repetition from its definition, for a straight shoreline at 0
+/// that lies far enough inside the tip, and waves of angle A.
+inline double settled_coefficient(double B, double X, double Y, double D, double Htip,
+                                  double A = 0.0) {
+  double KD = 1.0;
+  for (int n = 0; n < 200; ++n) {
+    const double P = Y * (1.0 - Htip * KD / 0.78 / D);
+    KD = std::sqrt(0.5 * (1.0 + std::tanh(B * (std::atan(X / P) - A))));
+  }
+  return KD;
+}
+
+/// B of the hyperbolic tangent at a tip.
+inline double spreading_of(const kelprun::TipWave& wave) {
+  return static_cast<double>(wave.SMAX) / static_cast<double>(wave.AKD);
+}
 
 /// Works the zones of a coast one by one, each beside the same zone of both references.
 class ZoneByZone {

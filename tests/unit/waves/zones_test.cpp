@@ -328,6 +328,32 @@ TEST(zones, a_groin_that_is_tight_on_one_side_is_tight_by_its_own_permeability) 
   EXPECT_NEAR(lee(0.0f, 0.5f, 31), dark, 1e-6);
 }
 
+TEST(zones, a_groin_near_an_end_of_the_coast_takes_the_length_given_for_the_boundary) {
+  // Two cells are wanted on the side that the waves come from to draw the shoreline on.
+  const auto lee = [](std::int32_t wall, const OffshoreWave& wave, float GROINY) {
+    Model m = sea({80, 20.0f, {{wall, 60.0f, 3.0f}}, {}}, wave);
+    m.boundaries.left.GROINY = GROINY;
+    m.boundaries.right.GROINY = GROINY;
+    compare(m);
+    return of(m.waves.HB(wave.degrees > 0.0 ? wall + 1 : wall - 1));
+  };
+  for (const std::int32_t wall : {2, 3, 4})
+    EXPECT_EQ(lee(wall, FROM_LEFT, 5.0f) > lee(wall, FROM_LEFT, 50.0f) + 0.02, wall == 2) << wall;
+  for (const std::int32_t wall : {78, 79, 80})
+    EXPECT_EQ(lee(wall, FROM_RIGHT, 5.0f) > lee(wall, FROM_RIGHT, 50.0f) + 0.02, wall == 80)
+        << wall;
+}
+
+TEST(zones, a_groin_at_a_breakwater_is_served_anew_in_every_step) {
+  Model m = sea({80, 20.0f, {{1, 90.0f, 3.0f}, {40, 200.0f, 6.0f}}, {{30, 40, 200.0f, 6.0f, 0.3f}}},
+                FROM_LEFT);
+  ASSERT_TRUE(kelptest::combine_zones(m));
+  const float first_step = m.waves.HB(40);
+  EXPECT_FLOAT_EQ(first_step, m.waves.HBU(40));
+  ASSERT_TRUE(kelptest::combine_zones(m));
+  EXPECT_EQ(m.waves.HB(40), first_step);
+}
+
 TEST(zones, one_symmetric_breakwater_under_normal_waves_gives_a_symmetric_field) {
   Model m = sea(one_breakwater(), NORMAL);
   ASSERT_TRUE(kelptest::combine_zones(m));
