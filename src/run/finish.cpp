@@ -1,4 +1,5 @@
 #include "output/announcements.h"
+#include "output/transmission_report.h"
 #include "output/wave_report.h"
 #include "run/run.h"
 #include "text/console.h"
@@ -33,6 +34,7 @@ int finish(Run& run) {
   run.tables.write_means(m.ledgers, c.NEXTDATE);
   if (!c.STOPPED && c.ITS == c.NTS && c.ITS % c.NDTSAVE != 0) run.tables.write_state(m);
   if (m.settings.PRTOUT) report_undiffracted(m.grid, m.undiffracted, run.report);
+  report_transmission(m.settings, m.breakwaters, run.report);
   announce_bad_angles(m.waves.NBADANG, run.report);
   console_line("<<<Simulation finished>>>");
   run.report.close();

@@ -22,6 +22,7 @@
 #include "text/console.h"
 #include "text/stop.h"
 #include "waves/tip_list.h"
+#include "waves/transmission.h"
 
 namespace kelprun {
 
@@ -109,6 +110,7 @@ void setup(Run& run, const std::string& path) {
   read_shorelines(m.settings, m.grid, run.files, m.shore, run.report);
   set_regional_angle(m.settings, m.grid, m.series, m.shore.YREG, m.waves);
   read_series(run);
+  prepare_transmission(m.settings, m.grid, m.groins, m.tips, m.breakwaters);
   prepare_waves(run);
   announce_program();
   subtract_regional_contour(m.settings, m.grid, m.shore.YREG, m.groins, m.breakwaters, m.tips);

@@ -24,6 +24,7 @@
 #include "waves/active_depth.h"
 #include "waves/final_field.h"
 #include "waves/tip_waves.h"
+#include "waves/transmission.h"
 #include "waves/undiffracted.h"
 #include "waves/wave_field.h"
 #include "waves/zones.h"
@@ -118,6 +119,8 @@ void set_slope(Model& m) {
 bool bring_waves_to_breaking(Run& run) {
   Model& m = run.model;
   set_step_frequency(m.waves);
+  update_transmission(m.settings, m.clock, m.series, m.waves, m.shore.ALPHAC, m.breakwaters,
+                      m.zones, run.report);
   set_shoreline_orientation(m.grid, m.boundaries, m.groins, m.shore);
   set_active_depth(m.grid, m.clock, m.waves, run.report);
   set_slope(m);

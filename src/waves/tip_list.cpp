@@ -4,9 +4,8 @@ namespace kelprun {
 
 namespace {
 
-constexpr float OPEN_WATER = 1.0f;
-constexpr float DARK = 0.01f;          ///< zones below are not worked
-constexpr float NEARLY_OPEN = 0.999f;  ///< zones from here on count as open water
+constexpr float DARK = 0.01f;            ///< zones below are not worked
+constexpr float NEARLY_BRIGHT = 0.999f;  ///< zones from here on count as open water
 
 bool same_place(const Tip& a, const Tip& b) { return a.cell == b.cell && a.Y == b.Y; }
 
@@ -93,7 +92,7 @@ class ZoneRow {
 
 void set_order(Zones& zones, std::int32_t NZ) {
   const auto is_behind_breakwater = [&](std::int32_t z) {
-    return zones.KTZ(z) > DARK && zones.KTZ(z) < NEARLY_OPEN;
+    return zones.KTZ(z) > DARK && zones.KTZ(z) < NEARLY_BRIGHT;
   };
   zones.ZORDER.allocate(0);
   for (const bool behind : {false, true})
