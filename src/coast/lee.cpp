@@ -29,13 +29,15 @@ struct Side {
 /// The lee of one group of touching breakwaters, cells I1 to I2.
 class Lee {
  public:
-  Lee(const Grid& grid, const Groins& groins, const Breakwaters& breakwaters,
-      const PerCell<std::int32_t>& INLC, const LeeGroup& group, Shore& shore, Transport& transport)
+  Lee(const Grid& grid, const Boundaries& boundaries, const Groins& groins,
+      const Breakwaters& breakwaters, const PerCell<std::int32_t>& INLC, const LeeGroup& group,
+      Shore& shore, Transport& transport)
       : NX_(grid.NX),
         I1_(group.I1),
         I2_(group.I2),
         left_{group.I1, group.I2, +1},
         right_{group.I2, group.I1, -1},
+        boundaries_(boundaries),
         DX_(grid.DX),
         ICSTR_(groins.ICSTR),
         IBWST_(breakwaters.IBWST),
@@ -125,7 +127,8 @@ class Lee {
     const std::int32_t outside = side.outside();
     float& QLEE = t_.QLEE(side.tip_wall());
     const float handed_in = side.sign() * QLEE;
-    if (handed_in <= 0.0f || outside < 1 || outside > NX_) return;
+    if (handed_in <= 0.0f || outside < 1 || outside > NX_ || has_prescribed_movement(outside))
+      return;
     float kept = 0.0f;
     if (INLC_(outside) != 1) {
       const float Q = t_.Q(side.tip_wall()) + QLEE;
@@ -183,7 +186,17 @@ class Lee {
       t_.Q(side.outer(c)) += change;
       c -= side.inwards;
     }
-    if (c >= 1 && c <= NX_) move(c);
+    if (c < 1 || c > NX_) return;
+    if (has_prescribed_movement(c)) {
+      t_.Q(side.outer(c)) += change;
+    } else {
+      move(c);
+    }
+  }
+
+  /// An end cell whose wall has no groin: its wall carries what moves it as prescribed.
+  bool has_prescribed_movement(std::int32_t c) const {
+    return (c == 1 && boundaries_.left.QBC) || (c == NX_ && boundaries_.right.QBC);
   }
 
   double moved(std::int32_t c, float QL, float QR) const {
@@ -204,6 +217,7 @@ class Lee {
   const std::int32_t NX_;
   const std::int32_t I1_, I2_;
   const Side left_, right_;
+  const Boundaries& boundaries_;
   const PerWall<float>& DX_;
   const PerWall<std::int32_t>& ICSTR_;
   const PerWall<std::int32_t>& IBWST_;
@@ -219,10 +233,11 @@ void keep_base_of_lees(const Grid& grid, const Breakwaters& breakwaters, Shore& 
   for (std::int32_t c = 1; c <= grid.NX; ++c) shore.YBASE(c) = shore.Y(c);
 }
 
-void fill_lees(const Grid& grid, const Groins& groins, const Breakwaters& breakwaters,
-               const PerCell<std::int32_t>& INLC, Shore& shore, Transport& t) {
+void fill_lees(const Grid& grid, const Boundaries& boundaries, const Groins& groins,
+               const Breakwaters& breakwaters, const PerCell<std::int32_t>& INLC, Shore& shore,
+               Transport& t) {
   for (const LeeGroup& group : breakwaters.lee_groups)
-    Lee(grid, groins, breakwaters, INLC, group, shore, t).LEEFILL();
+    Lee(grid, boundaries, groins, breakwaters, INLC, group, shore, t).LEEFILL();
 }
 
 }  // namespace kelprun

@@ -42,7 +42,7 @@ void SEDSTEP(const Settings& settings, float DT, const Grid& grid, const Profile
   relax_nodal_points(grid, transport.Q);
   keep_base_of_lees(grid, breakwaters, shore);
   move_shoreline(grid, inlets.INLC, shore, transport);
-  fill_lees(grid, groins, breakwaters, inlets.INLC, shore, transport);
+  fill_lees(grid, boundaries, groins, breakwaters, inlets.INLC, shore, transport);
   sum_step(grid, transport);
 }
 

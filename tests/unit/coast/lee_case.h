@@ -10,12 +10,13 @@ namespace kelptest {
 
 /// A coast whose numbers stay exact: cells 2 m wide, RDEN 1 s/m, so that a cell moves by half of
 /// what its walls bring. The shoreline at 0, the transport 0, the lee of one group of breakwaters
-/// on cells I1 to I2 with its line 100 m ahead.
+/// on cells I1 to I2 with its line 100 m ahead. The end cells move freely.
 inline kelprun::Model exact_lee(std::int32_t NX, std::int32_t I1, std::int32_t I2) {
   kelprun::Model m = small_model(NX);
   m.grid.DX.fill(2.0f);
   m.transport.RDEN.fill(1.0f);
   m.shore.YSW.fill(-9999.0);
+  m.boundaries.left.QBC = m.boundaries.right.QBC = false;
   m.breakwaters.lee_groups.append({I1, I2});
   for (std::int32_t c = I1; c <= I2; ++c) {
     m.breakwaters.IBWST(c) = 1;
@@ -26,7 +27,8 @@ inline kelprun::Model exact_lee(std::int32_t NX, std::int32_t I1, std::int32_t I
 
 /// The lees after a sweep that found the shoreline and the transport of the model.
 inline void fill(kelprun::Model& m) {
-  kelprun::fill_lees(m.grid, m.groins, m.breakwaters, m.inlets.INLC, m.shore, m.transport);
+  kelprun::fill_lees(m.grid, m.boundaries, m.groins, m.breakwaters, m.inlets.INLC, m.shore,
+                     m.transport);
 }
 
 /// The same coast seen from the sea's other side: cells and walls in reverse, sand the other way.

@@ -49,6 +49,22 @@ TEST(lee, sand_from_one_tip_is_laid_down_over_its_half_of_six_cells) {
   expect_filled(m, {0, -2, 1, 1, 0, 0, 0, 0, 0, 0}, {0, 0, 4, 2, 0, 0, 0, 0, 0, 0, 0});
 }
 
+TEST(lee, an_end_cell_with_a_prescribed_movement_keeps_it) {
+  // Cells 2 to 7 of eight: cell 1 would give 2 m, but its own wall brings what it gives.
+  Model m = exact_lee(8, 2, 7);
+  m.transport.QBWTIP(2) = 6.0f;
+  Model free = m;
+  fill(free);
+  EXPECT_EQ(shoreline(free), (Shoreline{-2, 1, 1, 0, 0, 0, 0, 0}));
+  m.boundaries.left.QBC = m.boundaries.right.QBC = true;
+  Model r = kelptest::mirrored(m);
+  fill(m);
+  EXPECT_EQ(shoreline(m), (Shoreline{0, 1, 1, 0, 0, 0, 0, 0}));
+  EXPECT_EQ(walls(m), (Walls{4, 4, 2, 0, 0, 0, 0, 0, 0}));
+  fill(r);
+  EXPECT_EQ(shoreline(r), (Shoreline{0, 0, 0, 0, 0, 1, 1, 0})) << "mirror image";
+}
+
 TEST(lee, a_cell_that_reaches_the_line_sends_the_rest_back_towards_the_tip) {
   // As above, but cell 4 has 0.5 m of room: it keeps 1 of its 2 m3/s, so that wall 4 holds 1. Cell
   // 3 then gets 4 - 1 = 3, which would move it by 1.5 m: it has room for 1 m, keeps 2, and wall 3
