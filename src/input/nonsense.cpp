@@ -87,9 +87,25 @@ void check_transmission(const Array1<float>& TRANDB) {
             free_number(TRANDB(k)));
 }
 
+/// The zones between the tips would be counted wrong: a breakwater without cells has no zone, and
+/// behind the left tip of a breakwater a shorter groin opens a gap that is not there.
+void check_breakwater_places(const Groins& g, const Breakwaters& b) {
+  for (std::int32_t k = 1; k <= b.NDB; ++k) {
+    const std::string breakwater = "breakwater " + std::to_string(k);
+    if (b.DBI2(k) <= b.DBI1(k))
+      fatal("DBI2 of " + breakwater + " must be above its DBI1, which is " +
+            std::to_string(b.DBI1(k)));
+    for (std::int32_t j = 1; j <= g.NDG; ++j)
+      if (g.IXDG(j) == b.DBI1(k) && g.YDG(j) < b.DBY1(k))
+        fatal("groin at wall " + std::to_string(g.IXDG(j)) + " ends behind the left tip of " +
+              breakwater + ": move it");
+  }
+}
+
 void check_structures(const Model& m) {
   const std::int32_t NX = m.grid.NX;
   check_depths(m.groins, m.breakwaters);
+  check_breakwater_places(m.groins, m.breakwaters);
   check_transmission(m.breakwaters.TRANDB);
   demand_capacity("ISWBEG", m.seawalls.NSW, capacity::SEAWALLS);
   demand_indices("ISWBEG", m.seawalls.ISWBEG, NX);

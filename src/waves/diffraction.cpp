@@ -163,13 +163,13 @@ class TipWalk {
     return true;
   }
 
-  /// A groin at the end of a breakwater lets the first zone that comes from the outer side have its
-  /// wall, once a step.
+  /// A groin at the end of a breakwater: the first zone whose walk arrives behind the breakwater
+  /// has the groin's wall, once a step.
   bool side_code_acts(std::int32_t i, Walk walk) {
     const std::int32_t code = coast_.groins.IGSHAD(i);
-    const bool outer_side = code == (walk == Walk::up ? JOINED_RIGHT : JOINED_LEFT);
-    if (code != JOINED_BOTH && !outer_side) return false;
-    if (outer_side && d_.DONE(i) == 0) {
+    const bool from_lee = code == (walk == Walk::up ? JOINED_RIGHT : JOINED_LEFT);
+    if (code != JOINED_BOTH && !from_lee) return false;
+    if (from_lee && d_.DONE(i) == 0) {
       if (ID_ == 2) d_.DONE(i) = 1;
       d_.KDA(i) = 1.0f;
       finish_wall(i);

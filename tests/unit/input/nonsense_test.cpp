@@ -145,6 +145,26 @@ TEST_F(nonsense, a_tip_must_stand_in_water) {
   expect_accepted();
 }
 
+TEST_F(nonsense, a_breakwater_covers_a_cell) {
+  expect_refused({}, breakwater_with("DBI2: 5"), {"DBI2 of breakwater 1", "5"});
+  check({}, breakwater_with("DBI2: 6"));
+  expect_accepted();
+}
+
+TEST_F(nonsense, no_groin_ends_behind_the_left_tip_of_a_breakwater) {
+  const auto with_groin = [](const std::string& wall, const std::string& tip) {
+    Lines lines = breakwater_with("TRANDB: 0.5");
+    for (const std::string& line : {"IXDG: " + wall, "YDG: " + tip, std::string("DDG: 4")})
+      lines.push_back(line);
+    return lines;
+  };
+  expect_refused({}, with_groin("5", "200"), {"wall 5", "left tip of breakwater 1"});
+  check({}, with_groin("5", "300"));  // joined at the tip
+  expect_accepted();
+  check({}, with_groin("8", "200"));  // behind the right tip
+  expect_accepted();
+}
+
 TEST_F(nonsense, a_breakwater_without_its_depths_is_refused) {
   expect_refused({}, {"DBI1: 5", "DBI2: 8", "DBY1: 300", "DBY2: 300", "TRANDB: 0.5"},
                  {"DBDEP1 of breakwater 1"});
