@@ -70,7 +70,7 @@ FIRST_MORE = len(CONFIGURATION.splitlines()) + 1
 
 
 def refused(keyword, what, line=None):
-    """What check tells of a structure or an event that the program reads and does not run."""
+    """What check tells of an event that the program reads and does not run."""
     return (line or FIRST_MORE, "error", f"{keyword}: this version of the program cannot run {what}")
 
 
@@ -300,19 +300,128 @@ def test_a_list_left_out_altogether(told):
         (FIRST_MORE, "warning", "SWY2 is left out: it becomes 0 for every ISWBEG")
     ]
     # A permeability may well be 0.
-    assert told(more="IXNDG: 8\nYNDG: 150\n") == [refused("IXNDG", "groins")]
+    assert told(more="IXNDG: 8\nYNDG: 150\n") == []
+
+
+BREAKWATER = "DBI1: 5\nDBI2: 8\nDBY1: 300\nDBY2: 300\nDBDEP1: 3\nDBDEP2: 3\n"
+BEHIND = FIRST_MORE + BREAKWATER.count("\n")  # the line behind the breakwater's
+LEVELS = "WLFILE: 2 a.levels\n"
+SIZES = "HDB: 4\nBDB: 6\nSSDB: 0.5\nSHSDB: 0.5\n"
+
+
+def agrees(folder, status, said=""):
+    """The program ends with this status on the configuration that was told of last, and says so."""
+    done = subprocess.run([program(), "a.cfg"], cwd=folder, capture_output=True, text=True, timeout=60)
+    assert done.returncode == status, done.stdout[-300:] + done.stderr
+    assert said in done.stdout + done.stderr
+
+
+def test_structures_run(told, tmp_path):
+    # A T-groin: two breakwaters that meet at the tip of a groin.
+    groin = "IXDG: 12\nYDG: 220\nDDG: 2.2\nPDG: 0.1\nIXNDG: 16\nYNDG: 150\n"
+    head = "DBI1: {}\nDBI2: {}\nDBY1: 220\nDBY2: 220\nDBDEP1: 2.2\nDBDEP2: 2.2\nTRANDB: 0.3\n"
+    heads = head.format(11, 12) + head.format(12, 13)
+    assert told(more=groin + heads) == []
+    agrees(tmp_path, 0, "Model run completed")
 
 
 def test_breakwaters_have_one_kind_of_transmission(told):
-    breakwater = "DBI1: 5\nDBI2: 8\nDBY1: 300\nDBY2: 300\nDBDEP1: 3\nDBDEP2: 3\n"
     text = "neither TRANDB nor KTMETDB: no wave passes the breakwaters"
-    assert told(more=breakwater) == [refused("DBI1", "detached breakwaters"), (FIRST_MORE, "warning", text)]
-    assert told(more=breakwater + "KTMETDB: 1\nTRANDB: 0.5\n") == [
-        refused("DBI1", "detached breakwaters"),
-        refused("KTMETDB", "the transmission of breakwaters", FIRST_MORE + 6),
-        (FIRST_MORE + 6, "warning",
+    assert told(more=BREAKWATER) == [(FIRST_MORE, "warning", text)]
+    assert told(more=BREAKWATER + "KTMETDB: 1\nTRANDB: 0.5\n") == [
+        (BEHIND, "warning",
          "KTMETDB has no effect: the last of TRANDB and KTMETDB decides for all breakwaters, and it is TRANDB")
     ]  # fmt: skip
+
+
+@pytest.mark.parametrize(
+    "old, new, text",
+    [
+        ("DBDEP1: 3", "DBDEP1: 0", "DBDEP1 must be above 0, it is 0"),
+        ("DBDEP2: 3", "DBDEP2: -3", "DBDEP2 must be above 0, it is -3"),
+        ("TRANDB: 0.5", "TRANDB: -0.1", "TRANDB must not be below 0, it is -0.1"),
+    ],
+)
+def test_breakwaters_without_water_or_with_less_than_no_waves(told, tmp_path, old, new, text):
+    more = (BREAKWATER + "TRANDB: 0.5\n").replace(old, new)
+    line = FIRST_MORE + more.split("\n").index(new)
+    assert told(more=more) == [(line, "error", text)]
+    agrees(tmp_path, 1, "must ")
+
+
+@pytest.mark.parametrize(
+    "depth, said",
+    [
+        ("-2.2", "DDG of the groin at wall 8 must be above 0, it is -2.2"),
+        ("0", "Diffracting groin depth file DDG omitted"),
+    ],
+)
+def test_a_diffracting_groin_needs_water_at_its_tip(told, tmp_path, depth, said):
+    text = f"DDG must be above 0, it is {depth}"
+    assert told(more=f"IXDG: 8\nYDG: 150\nDDG: {depth}\n") == [(FIRST_MORE + 2, "error", text)]
+    agrees(tmp_path, 1, said)
+
+
+def test_computed_transmission_needs_water_levels(told, tmp_path):
+    computed = BREAKWATER + "KTMETDB: 0\n" + SIZES + "D50DB: 1\n"
+    assert told(more=computed) == [
+        (BEHIND, "error", "KTMETDB needs a WLFILE: transmission is computed from the water level")
+    ]
+    agrees(tmp_path, 1, "WLFILE: KTMETDB is given, but no water level file is named")
+    (tmp_path / "a.levels").write_text("20200101 0 0.1\n20200101 600 0.2\n")
+    assert told(("DT: 24", "DT: 6"), more=computed + LEVELS) == []
+    agrees(tmp_path, 0)
+
+
+def test_water_levels_serve_the_computed_transmission_alone(told, tmp_path):
+    (tmp_path / "a.levels").write_text("20200101 0 0.1\n20200101 600 0.2\n")
+    text = "WLFILE has no effect: only KTMETDB works with water levels"
+    assert told(more=BREAKWATER + "TRANDB: 0.5\n" + LEVELS) == [(BEHIND + 1, "warning", text)]
+
+
+@pytest.mark.parametrize(
+    "method, sizes, missing",
+    [
+        (1, "HDB: 2\nBDB: 6\nD50DB: 1\n", ""),
+        (1, "HDB: 2\nBDB: 6\n", "D50DB"),
+        (2, "HDB: 4\nBDB: 6\nSSDB: 0.5\n", ""),
+        (2, "HDB: 4\nSSDB: 0\n", "BDB and SSDB"),
+        (0, SIZES + "D50DB: 1\n", ""),
+        (0, SIZES, "D50DB"),
+        (7, "HDB: 4\nBDB: 6\nSSDB: 0.5\nD50DB: 1\n", "SHSDB"),
+    ],
+)
+def test_sizes_that_a_method_works_with(told, tmp_path, method, sizes, missing):
+    (tmp_path / "a.levels").write_text("20200101 0 0.1\n20200101 600 0.2\n")
+    text = f"KTMETDB {method} of breakwater 1 works with {missing}, which must be above 0"
+    found = told(("DT: 24", "DT: 6"), more=BREAKWATER + f"KTMETDB: {method}\n" + sizes + LEVELS)
+    assert found == ([(BEHIND, "warning", text)] if missing else [])
+
+
+def test_stones_belong_to_the_method_line_before_them(told, tmp_path):
+    (tmp_path / "a.levels").write_text("20200101 0 0.1\n20200101 600 0.2\n")
+    second = BREAKWATER.replace("DBI1: 5\nDBI2: 8", "DBI1: 12\nDBI2: 15") + SIZES
+    more = BREAKWATER + SIZES + "KTMETDB: 0\n" + second + "KTMETDB: 0\nD50DB: 1\n" + LEVELS
+    assert told(("DT: 24", "DT: 6"), more=more) == [
+        (BEHIND + 4, "warning", "KTMETDB 0 of breakwater 1 works with D50DB, which must be above 0")
+    ]
+
+
+def test_tidal_stations_stand_from_left_to_right(told, tmp_path):
+    for name in "bc":
+        (tmp_path / f"{name}.tide").write_text("20200101 0 0.1\n20200101 600 -0.1\n")
+    stations = "TIDEFILE: {} 2 b.tide\nTIDEFILE: {} 2 c.tide\n"
+    assert told(("DT: 24", "DT: 6"), more=stations.format(5, 15)) == []
+    behind = "stations must be named from left to right, or currents come to wrong places"
+    for first, second in ((15, 5), (9, 9)):
+        assert told(("DT: 24", "DT: 6"), more=stations.format(first, second)) == [
+            (FIRST_MORE + 1, "warning", f"TIDEFILE: end cell {second} follows {first}; {behind}")
+        ]
+        agrees(tmp_path, 0, f"TIDEFILE end cells do not ascend, {second} follows {first}")
+    assert told(("DT: 24", "DT: 6"), more=stations.format(5, 22)) == [
+        (FIRST_MORE + 1, "error", "TIDEFILE: end cell 22 lies outside 1 to 21")
+    ]
+    agrees(tmp_path, 1, "22 lies outside 1 to 21")
 
 
 def test_a_dredged_volume_needs_its_days_before_it(told):
@@ -548,7 +657,7 @@ def test_a_missing_configuration_is_told_in_one_line(tmp_path, capsys):
     assert capsys.readouterr().err == f"kelp: {tmp_path}/none.cfg: No such file or directory\n"
 
 
-@pytest.mark.parametrize("name", ["duck", "first_beach"])
+@pytest.mark.parametrize("name", sorted(path.name for path in (ROOT / "examples").iterdir()))
 def test_the_examples_have_neither_errors_nor_warnings(name):
     found = findings(ROOT / "examples" / name / f"{name}.cfg")
     assert {one.level for one in found} <= {"note"}

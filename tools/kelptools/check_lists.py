@@ -100,7 +100,6 @@ class ListChecks(Context):
                     self.check_fields(name, keyword.opener)
                 else:
                     self.check_entries(name, keyword.opener)
-        self.check_breakwaters()
         self.check_dredging()
         if not self.given("BPDATS"):
             for name in ("QQDATS", "QQDATE", "IQQS", "IQQE"):
@@ -158,18 +157,6 @@ class ListChecks(Context):
                         "overwrites it; put each behind its own",
                     )
                 held = line
-
-    def check_breakwaters(self):
-        given, computed = self.lines_of("TRANDB"), self.lines_of("KTMETDB")
-        if given and computed:
-            holds, other = ("TRANDB", computed) if given[-1].number > computed[-1].number else ("KTMETDB", given)
-            self.tell(
-                "warning", other[0],
-                f"{other[0].keyword} has no effect: the last of TRANDB and KTMETDB decides "
-                f"for all breakwaters, and it is {holds}",
-            )
-        elif self.given("DBI1") and not given and not computed:
-            self.tell("warning", self.lines_of("DBI1")[0], "neither TRANDB nor KTMETDB: no wave passes the breakwaters")
 
     def check_dredging(self):
         """A volume becomes a rate as soon as it is read, by the days and the step told by then."""

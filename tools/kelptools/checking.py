@@ -9,6 +9,7 @@ from .check_effects import EffectChecks
 from .check_files import FileChecks
 from .check_lines import LineChecks
 from .check_lists import ListChecks
+from .check_structures import StructureChecks
 from .configuration import read_text
 from .errors import KelpError
 
@@ -22,12 +23,12 @@ def findings(path, folder=None) -> list[Finding]:
     return Check(path, text, Path(folder) if folder else path.parent).run()
 
 
-class Check(LineChecks, ListChecks, EffectChecks, FileChecks):
+class Check(LineChecks, ListChecks, StructureChecks, EffectChecks, FileChecks):
     def run(self) -> list[Finding]:
         for part in (
             self.check_lines, self.check_values, self.check_repeats, self.check_needed, self.check_spans,
-            self.check_records, self.check_refused, self.check_effects, self.check_times, self.check_names,
-            self.check_cell_files, self.check_waves,
+            self.check_records, self.check_depths, self.check_transmission, self.check_stations, self.check_refused,
+            self.check_effects, self.check_times, self.check_names, self.check_cell_files, self.check_waves,
         ):  # fmt: skip
             part()
         order = ("error", "warning", "note")
