@@ -39,8 +39,9 @@ Transmitted transmission_over_submerged_crest(const BreakwaterWave& wave, float 
 /// Method 2: low crest of width BDB and seaward slope SSDB (d'Angremond, van der Meer and de Jong
 /// 1996, "Wave transmission at low-crested structures", Proc. 25th Coastal Engineering Conf. ASCE,
 /// for narrow crests; van der Meer, Briganti, Zanuttigh and Wang 2005, "Wave transmission and
-/// reflection at low-crested structures", Coastal Engineering 52, for wide ones). Between 0.075 and 0.8; its two parts are whole numbers, and meant so, which leaves one of
-/// the two limits for most waves. Nothing is left to warn of.
+/// reflection at low-crested structures", Coastal Engineering 52, for wide ones). Between 0.075 and
+/// 0.8; its two parts are whole numbers, and meant so, which leaves one of the two limits for most
+/// waves. Nothing is left to warn of.
 Transmitted transmission_over_low_crest(const BreakwaterWave& wave, float BDB, float SSDB);
 
 /// Any other method: through and over a reef breakwater, two parts summed by their squares (after

@@ -14,8 +14,6 @@ namespace {
 using kelptest::exact_lee;
 using kelptest::fill;
 
-constexpr double NO_LIMIT = -9999.0;
-
 /// Cells 3 to 8 of ten lie behind a breakwater; its tip walls are 3 and 9.
 Model six_cells() { return exact_lee(10, 3, 8); }
 
