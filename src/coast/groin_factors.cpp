@@ -23,16 +23,6 @@ struct Passage {
   float BYPT = 0.0f;  ///< its bypassing part
 };
 
-/// Distances from the shoreline to the tip, left and right of the groin, m.
-struct TipDistances {
-  float DL, DR;
-};
-
-float at_least_zero(double distance) {
-  const auto rounded = static_cast<float>(distance);
-  return rounded < 0.0f ? 0.0f : rounded;
-}
-
 /// One walk over the groins, ascending by wall.
 class GroinPass {
  public:
@@ -58,7 +48,8 @@ class GroinPass {
  private:
   void pass_groin(std::int32_t k) {
     const std::int32_t i = groins_.IXGRP(k);
-    const TipDistances tip = tip_distances(i, static_cast<double>(groins_.YGT(k)));
+    const TipDistances tip =
+        tip_distances(i, static_cast<double>(groins_.YGT(k)), shore_.Y, NX_, boundaries_);
     set_type(k, i, std::max(tip.DL, tip.DR));
     const std::int32_t type = groins_.ICSTR(i);
     // Where the groin does not act its factor of an earlier pass stays, and nothing bypasses.
@@ -70,15 +61,6 @@ class GroinPass {
       BYPT = passage.BYPT;
     }
     if (groins_.IGCONN(k) != 0) hand_to_breakwater(k, i, BYPT);
-  }
-
-  /// The shoreline is extended to the wall from the two nearest cells; beyond the grid it is given.
-  TipDistances tip_distances(std::int32_t i, double YGT) const {
-    const auto& Y = shore_.Y;
-    const auto left = [&] { return YGT - Y(i - 1) - 0.5 * (Y(i - 1) - Y(i - 2)); };
-    const auto right = [&] { return YGT - Y(i) - 0.5 * (Y(i) - Y(i + 1)); };
-    return {at_least_zero(i >= 3 ? left() : static_cast<double>(boundaries_.left.GROINY)),
-            at_least_zero(i < NX_ ? right() : static_cast<double>(boundaries_.right.GROINY))};
   }
 
   /// Types by the larger distance to the tip. Between SUNK and STANDS_OUT a non-diffracting groin

@@ -8,8 +8,6 @@ namespace kelprun {
 
 namespace {
 
-bool is_standing_groin(std::int32_t type) { return type == 1 || type == 3; }
-
 /// One tip of a group, looking inwards. At the right tip all is mirrored: cells ascend towards the
 /// tip, and sand that enters moves to the left.
 struct Side {

@@ -12,11 +12,7 @@ namespace {
 
 constexpr float K_SCALE = 2.7f;
 
-/// An orientation above 900 carries a marker of 999, though nothing sets one at present.
-float unmarked(float ALPHA) { return ALPHA > 900.0f ? ALPHA - 999.0f : ALPHA; }
-
 bool is_groin(std::int32_t type) { return std::abs(type) == 1 || std::abs(type) == 3; }
-bool stands_diffracting(std::int32_t type) { return type == 1 || type == 3; }
 
 /// Cell c lies landward of any breakwater line.
 bool open_cell(const Shore& shore, std::int32_t c) { return shore.Y(c) < shore.YBW(c); }
@@ -29,7 +25,7 @@ float height_gradient(std::int32_t i, const Grid& grid, const Waves& waves, cons
   const auto& ICSTR = groins.ICSTR;
   const auto& IBWST = breakwaters.IBWST;
   const auto square = [&](std::int32_t c) { return CB(c) * CB(c); };
-  if (i == 1 || i == grid.NX + 1 || waves.ITOMBOLO(i) == 1 || stands_diffracting(ICSTR(i)) ||
+  if (i == 1 || i == grid.NX + 1 || waves.ITOMBOLO(i) == 1 || is_standing_groin(ICSTR(i)) ||
       IBWST(i) == -1)
     return 0.0f;
   float D = 0.0f;
@@ -129,7 +125,7 @@ void compute_transport(const TransportConstants& constants, const Settings& sett
       if (IST == 1) FAC = groins.BYPF(k) * 1.1f;
       ++k;
     }
-    if (i > 1 && i <= grid.NX && !stands_diffracting(groins.ICSTR(i)))
+    if (i > 1 && i <= grid.NX && !is_standing_groin(groins.ICSTR(i)))
       take_off_at_tip(i, constants.DLIM, settings, waves, shore, breakwaters, t);
     guard_high_angle(i, ALF, FAC, constants.HALFPI, grid, t.Q);
   }

@@ -35,4 +35,7 @@ struct Shore {
   PerWall<double> DYSRC;  ///< source rate of bypass material, m2/s (coast/)
 };
 
+/// An orientation above 900 carries a marker of 999, though nothing sets one at present.
+inline float unmarked(float ALPHA) { return ALPHA > 900.0f ? ALPHA - 999.0f : ALPHA; }
+
 }  // namespace kelprun

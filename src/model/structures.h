@@ -34,6 +34,9 @@ struct Groins {
   PerWall<std::int32_t> ICSTR;
 };
 
+/// A wall type of a diffracting groin that stands out or ends level with the shoreline.
+inline bool is_standing_groin(std::int32_t type) { return type == 1 || type == 3; }
+
 /// Stretch of cells I1 to I2 behind one breakwater or several that touch.
 struct LeeGroup {
   std::int32_t I1 = 0;

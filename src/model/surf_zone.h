@@ -2,6 +2,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
+
+#include "model/array.h"
+#include "model/boundaries.h"
 
 namespace kelprun {
 
@@ -18,6 +22,23 @@ inline float share_beyond(float depth, float limit) {
   float share = limit > 0.01f ? 1.0f - depth / limit : 0.0f;
   if (depth > limit) share = 0.0f;
   return std::min(1.0f, share);
+}
+
+/// Distances from the shoreline to a groin's tip, left and right of the groin, m; at least 0.
+struct TipDistances {
+  float DL, DR;
+};
+
+/// The shoreline is drawn on to wall i from the two cells on either side; a side without two cells
+/// takes the distance given for the boundary. Y_tip and Y are measured alike; in double, rounded
+/// once.
+inline TipDistances tip_distances(std::int32_t i, double Y_tip, const PerCell<double>& Y,
+                                  std::int32_t NX, const Boundaries& boundaries) {
+  const float left = i >= 3 ? static_cast<float>(Y_tip - Y(i - 1) - 0.5 * (Y(i - 1) - Y(i - 2)))
+                            : boundaries.left.GROINY;
+  const float right =
+      i < NX ? static_cast<float>(Y_tip - Y(i) - 0.5 * (Y(i) - Y(i + 1))) : boundaries.right.GROINY;
+  return {std::max(left, 0.0f), std::max(right, 0.0f)};
 }
 
 }  // namespace kelprun

@@ -18,9 +18,7 @@ struct DiffractingCoast {
   const Shore& shore;
 
   /// A groin that stands out or ends level with the shoreline; a buried one is none.
-  bool groin_at(std::int32_t wall) const {
-    return groins.ICSTR(wall) == 1 || groins.ICSTR(wall) == 3;
-  }
+  bool groin_at(std::int32_t wall) const { return is_standing_groin(groins.ICSTR(wall)); }
   /// A wall between two cells of an inlet.
   bool inside_inlet(std::int32_t wall) const {
     return wall >= 2 && wall <= grid.NX && inlets.INLC(wall) == 1 && inlets.INLC(wall - 1) == 1;

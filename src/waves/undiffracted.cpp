@@ -11,8 +11,7 @@ void UNDIFFSTAT(const Settings& settings, const Grid& grid, const Profile& profi
   ++sums.steps;
   for (std::int32_t i = 1; i <= grid.NX + 1; ++i) {
     const float H = waves.HBU(i) / settings.CONV;
-    const float A = ALPHA(i) > 900.0f ? ALPHA(i) - 999.0f : ALPHA(i);
-    const float ALF = waves.ZBU(i) - A;
+    const float ALF = waves.ZBU(i) - unmarked(ALPHA(i));
     sums.H(i) += H;
     sums.H52(i) += H * H * std::sqrt(H);
     sums.ZBS(i) += ALF;

@@ -56,34 +56,17 @@ void load_waves(const DiffractingCoast& coast, std::int32_t from, std::int32_t t
     if (coast.inside_inlet(i)) d.HBD(i) = 0.0f;
 }
 
-/// Distance from a groin's tip to the shoreline, which is drawn on from the two cells on one side
-/// to the groin's wall; a side without two cells takes the distance given for the boundary.
-float length_on_left(const DiffractingCoast& coast, const Tip& tip) {
-  const auto& Y = coast.shore.Y;
-  const std::int32_t c = tip.cell;
-  if (c < ISSTART + 2) return coast.boundaries.left.GROINY;
-  return static_cast<float>((static_cast<double>(tip.Y) - Y(c - 1)) - (Y(c - 1) - Y(c - 2)) * 0.5);
-}
-
-float length_on_right(const DiffractingCoast& coast, const Tip& tip) {
-  const auto& Y = coast.shore.Y;
-  const std::int32_t c = tip.cell;
-  if (c >= coast.grid.NX) return coast.boundaries.right.GROINY;
-  return static_cast<float>((static_cast<double>(tip.Y) - Y(c)) - (Y(c) - Y(c + 1)) * 0.5);
-}
-
 /// Share of the surf zone that lies beyond a groin's tip, on the side that the waves come from.
 float share_past_tip(const DiffractingCoast& coast, float WL, const Tip& tip, const TipWave& wave) {
   constexpr float OUT_OF_REACH = 999.0f;
   if (!coast.groin_at(tip.cell)) return 0.0f;
   const Settings& s = coast.settings;
-  const auto depth_at = [&](float length) {
-    return profile_depth(std::max(length, 0.0f), s.ASHAPE) + WL;
-  };
+  const TipDistances distance = tip_distances(tip.cell, static_cast<double>(tip.Y), coast.shore.Y,
+                                              coast.grid.NX, coast.boundaries);
   const float ALF = wave.Z - coast.shore.ALPHA(tip.cell);
   float dg = OUT_OF_REACH;
-  if (ALF > 0.0f) dg = depth_at(length_on_left(coast, tip));
-  if (ALF < 0.0f) dg = depth_at(length_on_right(coast, tip));
+  if (ALF > 0.0f) dg = profile_depth(distance.DL, s.ASHAPE) + WL;
+  if (ALF < 0.0f) dg = profile_depth(distance.DR, s.ASHAPE) + WL;
   return share_beyond(dg, limit_depth(wave.H, s.GAMMA));
 }
 
