@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 
 #include "model/capacities.h"
 #include "text/free_format.h"
@@ -102,6 +103,33 @@ void check_breakwater_places(const Groins& g, const Breakwaters& b) {
   }
 }
 
+/// The mouths read two walls of the beach on each side.
+void check_inlets(const Inlets& n, std::int32_t NX) {
+  constexpr std::int32_t BEACH = 2;
+  for (std::int32_t k = 1; k <= n.NINL; ++k) {
+    const std::string inlet = "inlet " + std::to_string(k);
+    const std::int32_t L = n.IINLS(k);
+    const std::int32_t R = n.IINLE(k);
+    if (R < L)
+      fatal("IINLE " + std::to_string(R) + " of " + inlet + " lies before its IINLS " +
+            std::to_string(L));
+    if (L <= BEACH || R > NX - BEACH)
+      fatal(inlet + ", cells " + std::to_string(L) + " to " + std::to_string(R) +
+            ", needs two cells of beach on each side");
+    for (std::int32_t j = 1; j < k; ++j) {
+      if (L <= n.IINLE(j) && R >= n.IINLS(j))
+        fatal(inlet + " and inlet " + std::to_string(j) + " overlap");
+      if (L <= n.IINLE(j) + BEACH && R >= n.IINLS(j) - BEACH)
+        fatal(inlet + " and inlet " + std::to_string(j) + " need two cells of beach between them");
+    }
+    for (const auto& [first, last] :
+         {std::pair(n.IBYPL1(k), n.IBYPL2(k)), std::pair(n.IBYPR1(k), n.IBYPR2(k))})
+      if (static_cast<std::int64_t>(last) - first >= capacity::CELLS)
+        fatal(inlet + ": the placement cells " + std::to_string(first) + " to " +
+              std::to_string(last) + " are more than a coast has");
+  }
+}
+
 void check_structures(const Model& m) {
   const std::int32_t NX = m.grid.NX;
   check_depths(m.groins, m.breakwaters);
@@ -114,6 +142,7 @@ void check_structures(const Model& m) {
   demand_capacity("IINLS", m.inlets.NINL, capacity::INLETS);
   demand_indices("IINLS", m.inlets.IINLS, NX);
   demand_indices("IINLE", m.inlets.IINLE, NX);
+  check_inlets(m.inlets, NX);
 }
 
 void check_budget(const Budget& b, std::int32_t NX) {
