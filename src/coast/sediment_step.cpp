@@ -6,6 +6,7 @@
 #include "coast/relaxation.h"
 #include "coast/sweep.h"
 #include "coast/transport.h"
+#include "inlets/mouths.h"
 
 namespace kelprun {
 
@@ -28,9 +29,9 @@ void set_boundary_walls(const Grid& grid, const Boundaries& b, Transport& t) {
   if (b.right.QBC) t.Q(NX + 1) = t.Q(NX) - (b.right.MOVSTEP * grid.DX(NX)) / t.RDEN(NX);
 }
 
-void SEDSTEP(const Settings& settings, float DT, const Grid& grid, const Profile& profile,
-             const Boundaries& boundaries, const Waves& waves, const Groins& groins,
-             const Breakwaters& breakwaters, const Inlets& inlets, Shore& shore,
+void SEDSTEP(const Settings& settings, float DT, std::int32_t CURDATE, const Grid& grid,
+             const Profile& profile, const Boundaries& boundaries, const Waves& waves,
+             const Groins& groins, const Breakwaters& breakwaters, Inlets& inlets, Shore& shore,
              Transport& transport) {
   const TransportConstants constants = transport_constants(DT, settings.GAMMA);
   clear_transport(constants, settings, grid, profile, waves, transport);
@@ -39,10 +40,12 @@ void SEDSTEP(const Settings& settings, float DT, const Grid& grid, const Profile
                     transport);
   // The relaxation follows, so that it may change the wall next to a pinned or moving end.
   set_boundary_walls(grid, boundaries, transport);
+  route_inlets(CURDATE, constants.DTSEC, groins, inlets, shore, transport);
   relax_nodal_points(grid, transport.Q);
   keep_base_of_lees(grid, breakwaters, shore);
   move_shoreline(grid, inlets.INLC, shore, transport);
   fill_lees(grid, boundaries, groins, breakwaters, inlets.INLC, shore, transport);
+  reset_mouths(inlets, transport);
   sum_step(grid, transport);
 }
 

@@ -8,12 +8,13 @@ namespace kelprun {
 /// its movement per step (a pinned end does not move).
 void set_boundary_walls(const Grid& grid, const Boundaries& boundaries, Transport& transport);
 
-/// One sediment step: transport at every wall, boundary walls, relaxation, shoreline, lee of the
-/// breakwaters, sums of the step. Reads the breaking wave field and the groin factors, writes Y,
-/// YPREV and the transport.
-void SEDSTEP(const Settings& settings, float DT, const Grid& grid, const Profile& profile,
-             const Boundaries& boundaries, const Waves& waves, const Groins& groins,
-             const Breakwaters& breakwaters, const Inlets& inlets, Shore& shore,
+/// One sediment step: transport at every wall, boundary walls, inlets, relaxation, shoreline, lee
+/// of the breakwaters, sums of the step. Reads the breaking wave field and the groin factors,
+/// writes Y, YPREV, the transport and the shoals of inlets, from which the dredging of CURDATE
+/// takes.
+void SEDSTEP(const Settings& settings, float DT, std::int32_t CURDATE, const Grid& grid,
+             const Profile& profile, const Boundaries& boundaries, const Waves& waves,
+             const Groins& groins, const Breakwaters& breakwaters, Inlets& inlets, Shore& shore,
              Transport& transport);
 
 /// A step without waves: sources and the movement of the ends alone.

@@ -39,18 +39,20 @@ std::vector<std::string> input_names(const Model& model, const InputFiles& files
   return names;
 }
 
-std::vector<Place> outputs_of(const Settings& settings) {
+std::vector<Place> outputs_of(const Settings& settings, const Inlets& inlets) {
   std::vector<Place> outputs;
   if (!settings.PRTFILE.empty()) outputs.push_back(place(settings.PRTFILE));
   for (const std::string_view suffix : TABLE_SUFFIXES)
     outputs.push_back(place(settings.STEM + std::string(suffix)));
+  for (std::int32_t k = 1; k <= inlets.INLNAME.size(); ++k)
+    outputs.push_back(place(inlet_name(inlets, k) + std::string(INLET_SUFFIX)));
   return outputs;
 }
 
 }  // namespace
 
 void refuse_shared_names(const Model& model, const InputFiles& files) {
-  const std::vector<Place> outputs = outputs_of(model.settings);
+  const std::vector<Place> outputs = outputs_of(model.settings, model.inlets);
   for (const std::string& name : input_names(model, files)) {
     const Place input = place(name);
     for (const Place& output : outputs)

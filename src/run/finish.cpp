@@ -39,6 +39,7 @@ int finish(Run& run) {
   console_line("<<<Simulation finished>>>");
   run.report.close();
   run.tables.close();
+  run.inlet_tables.close();
   console_line("Model run completed");
   clear_progress();
   return c.NONFINITE ? 1 : 0;

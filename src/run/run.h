@@ -5,6 +5,7 @@
 #include "input/input_files.h"
 #include "input/wave_events.h"
 #include "model/model.h"
+#include "output/inlet_tables.h"
 #include "output/progress.h"
 #include "output/tables.h"
 #include "text/report.h"
@@ -18,6 +19,7 @@ struct Run {
   WaveEvents wave_events;
   Report report;
   Tables tables;
+  InletTables inlet_tables;
   Progress progress;
 };
 

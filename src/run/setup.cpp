@@ -3,6 +3,7 @@
 #include "coast/profile_shape.h"
 #include "coast/seawalls.h"
 #include "coast/structure_places.h"
+#include "inlets/inlet_places.h"
 #include "input/checks.h"
 #include "input/regional_angle.h"
 #include "input/shoreline_files.h"
@@ -10,15 +11,14 @@
 #include "input/tidal_currents.h"
 #include "input/water_levels.h"
 #include "input/wave_table.h"
-#include "model/capacities.h"
 #include "model/constants.h"
 #include "output/announcements.h"
+#include "run/bypass_checks.h"
 #include "run/numerics.h"
 #include "run/run.h"
 #include "run/series_steps.h"
 #include "run/step_relations.h"
 #include "run/storage.h"
-#include "run/unbuilt.h"
 #include "text/console.h"
 #include "text/stop.h"
 #include "waves/tip_list.h"
@@ -90,15 +90,6 @@ void find_first_wave(Series& series, std::int32_t SIMDATS) {
   }
 }
 
-void check_bypass_count(const Events& events, Report& report) {
-  if (events.NBP <= capacity::BYPASS_OPERATIONS) return;
-  report.line(" ERROR. TOO MANY BYPASSING OPERATIONS.");
-  report.line(" PLEASE CHANGE VALUE OF \"NBP\" IN YOUR SPATIAL DOMAIN FILE.");
-  report.line(" MAXIMUM NUMBER IS ", capacity::BYPASS_OPERATIONS);
-  report.record("");
-  fatal("ERROR. Too many bypassing operations.");
-}
-
 }  // namespace
 
 void setup(Run& run, const std::string& path) {
@@ -113,19 +104,21 @@ void setup(Run& run, const std::string& path) {
   prepare_transmission(m.settings, m.grid, m.groins, m.tips, m.breakwaters);
   prepare_waves(run);
   announce_program();
+  set_wall_types(m.grid, m.groins);
+  set_inlet_shorelines(m.groins, m.inlets, m.shore, run.report);
+  set_placements(m.grid, m.inlets);
   subtract_regional_contour(m.settings, m.grid, m.shore.YREG, m.groins, m.breakwaters, m.tips);
   run.tables.open(m.settings.STEM, m.grid.NX);
+  run.inlet_tables.open(m.inlets);
   prepare_boundaries(m);
-  set_wall_types(m.grid, m.groins);
   prepare_shoreline(m);
   prepare_sand(m);
   TIPLIST(m.grid, m.breakwaters, m.tips, m.zones, m.diffraction);
   find_first_wave(m.series, m.clock.SIMDATS);
   check_step_relations(m, run.report);
-  check_bypass_count(m.events, run.report);
+  prepare_bypassing(m.settings, m.clock, m.grid, m.events, run.report);
   check_groins_on_breakwaters(m.groins, m.breakwaters, run.report);
   place_structures(m);
-  refuse_unbuilt(m, run.files.configuration);
   warn_of_short_waves(m.series, m.clock);
   console_line("Time Simulation begins ...");
   run.report.flush();

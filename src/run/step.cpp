@@ -3,12 +3,15 @@
 #include <string>
 
 #include "coast/contour.h"
+#include "coast/events.h"
 #include "coast/groin_factors.h"
 #include "coast/orientation.h"
 #include "coast/profile_shape.h"
 #include "coast/sediment_step.h"
 #include "coast/structure_states.h"
 #include "coast/volumes.h"
+#include "inlets/inlet_places.h"
+#include "inlets/shoals.h"
 #include "model/constants.h"
 #include "output/announcements.h"
 #include "output/wave_report.h"
@@ -92,6 +95,7 @@ bool take_wave(Run& run) {
 }
 
 void set_contour(Model& m) {
+  bridge_inlets(m.grid, m.inlets, m.shore.YOLD);
   if (m.settings.IREG != 3) smooth_contour(m.grid, m.settings.ISMOOTH, m.shore);
   set_contour_orientation(m.grid, m.shore);
 }
@@ -150,8 +154,10 @@ bool move_sand(Run& run) {
   Model& m = run.model;
   if (!bring_waves_to_breaking(run)) return false;
   check_stability(run);
-  SEDSTEP(m.settings, m.clock.DT, m.grid, m.profile, m.boundaries, m.waves, m.groins, m.breakwaters,
-          m.inlets, m.shore, m.transport);
+  SEDSTEP(m.settings, m.clock.DT, m.clock.CURDATE, m.grid, m.profile, m.boundaries, m.waves,
+          m.groins, m.breakwaters, m.inlets, m.shore, m.transport);
+  if (m.clock.ITS % m.clock.NDTSAVE == 0)
+    run.inlet_tables.write(m.clock, m.settings.CONVYD3, m.inlets);
   add_transport(m.grid, m.transport, m.clock.VOLFAC, m.settings.CONVYD3, m.ledgers);
   return true;
 }
@@ -182,8 +188,10 @@ bool wave_pass(Run& run) {
   std::copy(m.shore.Y.begin(), m.shore.Y.end(), m.shore.YOLD.begin());
   if (m.clock.ITS == 1) run.tables.write_state(m);
   set_contour(m);
+  fill_beaches(m.grid, m.profile, m.events, m.clock, m.shore, m.ledgers);
   if (is_calm(m.grid, m.waves)) {
     CALMSTEP(m.grid, m.profile, m.boundaries, m.clock.DT, m.shore);
+    for (std::int32_t k = 1; k <= m.inlets.NINL; ++k) dredge(k, m.clock.CURDATE, m.inlets);
   } else if (!waves_come_from_behind(m.waves.pass) && !move_sand(run)) {
     return false;
   }
@@ -229,6 +237,7 @@ bool step(Run& run) {
   advance_step_number(c);
   advance_calendar(c);
   m.shore.DYSRC.fill(0.0);
+  run_bypassing(m.grid, m.events, c, m.shore, m.ledgers);
   take_water_level(m.settings, c, m.series);
   take_tidal_currents(m.grid, c, m.series, m.transport, run.report);
   if (!wave_pass(run)) return stop_at_common_point(c);

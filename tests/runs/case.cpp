@@ -98,6 +98,17 @@ std::string hourly_waves(int date, int count, const std::string& wave, int step)
   return text.str();
 }
 
+Lines inlet(int first, int last) {
+  return {"IINLS: " + std::to_string(first),
+          "IINLE: " + std::to_string(last),
+          "VVSEQ: 100000",
+          "VVSFQ: 80000",
+          "VVSBQL: 5000",
+          "VVSBQR: 6000",
+          "VVSAQL: 2000",
+          "VVSAQR: 3000"};
+}
+
 std::string values_file(const std::vector<double>& values) {
   std::ostringstream text;
   text.precision(12);
@@ -126,11 +137,6 @@ void expect_run_time_message(const Case& ended, const std::string& text) {
   EXPECT_TRUE(ended.outcome.err.starts_with(text)) << ended.outcome.err;
   EXPECT_TRUE(ended.outcome.err.ends_with("\n"));
   EXPECT_EQ(occurrences(ended.outcome.out, "Model run completed"), 0);
-}
-
-void expect_cannot_run(const Case& ended, const std::string& what) {
-  expect_run_time_message(ended, "kelprun: run.cfg: this version cannot run " + what + "\n");
-  EXPECT_EQ(occurrences(ended.outcome.out, "ERROR"), 0) << ended.outcome.out;
 }
 
 void expect_refused(const Refusal& row) {

@@ -53,6 +53,9 @@ Lines closing();
 /// `count` wave records from the first hour of the date on, `step` hours apart, within one month.
 std::string hourly_waves(int date, int count, const std::string& wave, int step = 1);
 
+/// The lines of an inlet from one cell to another, its shoals and bars empty.
+Lines inlet(int first, int last);
+
 /// A shoreline, contour or width file: four headers, then the values in groups of 10.
 std::string values_file(const std::vector<double>& values);
 
@@ -65,9 +68,6 @@ void expect_completed(const Case& ended);
 
 /// Ended with the status 1 and one line on standard error that begins with this text.
 void expect_run_time_message(const Case& ended, const std::string& text);
-
-/// Passed all checks of the configuration, and ended because this version cannot run it.
-void expect_cannot_run(const Case& ended, const std::string& what);
 
 /// A configuration that a check refuses with lines on the console, the first once more as the
 /// fatal message.

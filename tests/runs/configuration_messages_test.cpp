@@ -262,9 +262,12 @@ class zero_equilibrium_volume : public testing::TestWithParam<const char*> {};
 TEST_P(zero_equilibrium_volume, is_replaced_and_told) {
   const std::string keyword = GetParam();
   const Lines warning = free_lines({keyword + " cannot = 0; resetting to 0.00001"});
-  Case replaced({}, {"IINLS: 9", "IINLE: 11", keyword + ": 0"});
+  Lines volumes = inlet(9, 11);
+  for (std::string& line : volumes)
+    if (line.starts_with(keyword + ":")) line = keyword + ": 0";
+  Case replaced({}, volumes);
   replaced.run();
-  expect_cannot_run(replaced, "tidal inlets");
+  expect_completed(replaced);
   EXPECT_TRUE(replaced.outcome.out.starts_with(text_of({opening(), warning})));
   EXPECT_TRUE(replaced.report().starts_with(text_of({warning}))) << replaced.report();
 }

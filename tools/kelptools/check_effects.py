@@ -13,22 +13,7 @@ WITHOUT_EFFECT = {
 }
 
 
-# What the program reads and checks, and then refuses to run.
-NOT_RUN = {
-    "IINLS": "tidal inlets",
-    "BFDATS": "beach fills",
-    "BPDATS": "bypassing",
-}
-
-
 class EffectChecks(Context):
-    def check_refused(self):
-        for name, what in NOT_RUN.items():
-            if self.given(name):
-                self.tell("error", self.last(name), f"{name}: this version of the program cannot run {what}")
-
-    # Keywords without effect.
-
     def check_effects(self):
         for name, why in WITHOUT_EFFECT.items():
             self.tell_idle(name, why)

@@ -27,7 +27,7 @@ class Check(LineChecks, ListChecks, StructureChecks, EffectChecks, FileChecks):
     def run(self) -> list[Finding]:
         for part in (
             self.check_lines, self.check_values, self.check_repeats, self.check_needed, self.check_spans,
-            self.check_records, self.check_depths, self.check_transmission, self.check_stations, self.check_refused,
+            self.check_records, self.check_depths, self.check_transmission, self.check_stations,
             self.check_effects, self.check_times, self.check_names, self.check_cell_files, self.check_waves,
         ):  # fmt: skip
             part()

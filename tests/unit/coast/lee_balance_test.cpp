@@ -235,7 +235,7 @@ Model coast_with_breakwater() {
 
 void sediment_step(Model& m) {
   set_structure_states(m.grid, m.groins, m.breakwaters, m.shore, m.tips);
-  SEDSTEP(m.settings, 1.0f, m.grid, m.profile, m.boundaries, m.waves, m.groins, m.breakwaters,
+  SEDSTEP(m.settings, 1.0f, 0, m.grid, m.profile, m.boundaries, m.waves, m.groins, m.breakwaters,
           m.inlets, m.shore, m.transport);
 }
 

@@ -15,7 +15,7 @@ namespace kelprun {
 namespace {
 
 void sediment_step(Model& m, float DT = 1.0f) {
-  SEDSTEP(m.settings, DT, m.grid, m.profile, m.boundaries, m.waves, m.groins, m.breakwaters,
+  SEDSTEP(m.settings, DT, 0, m.grid, m.profile, m.boundaries, m.waves, m.groins, m.breakwaters,
           m.inlets, m.shore, m.transport);
 }
 

@@ -65,7 +65,7 @@ TEST_F(checks, what_has_no_length_unit_or_its_own_is_not_converted) {
          {"LMOVPER", "3"},
          {"LBCTYPE", "3"}},
         {"ISWBEG: 3", "ISWEND: 5", "SWY1: 40", "SWY2: 50", "IINLS: 8", "IINLE: 9", "YINLL: 60",
-         "YINLR: 70"});
+         "YINLR: 70", "VVSEQ: 1", "VVSFQ: 1", "VVSBQL: 1", "VVSBQR: 1", "VVSAQL: 1", "VVSAQR: 1"});
   expect_accepted();
   EXPECT_EQ(model().settings.WAVCONV, 1.0f) << "wave heights have a unit of their own";
   EXPECT_EQ(model().settings.D50, 0.3f);
