@@ -9,16 +9,19 @@ namespace kelprun {
 void VOLSTEP(const Grid& grid, const Profile& profile, const Shore& shore, Ledgers& ledgers) {
   constexpr auto LEAST_CHANGE = static_cast<double>(0.0001f);
   float total = 0.0f;
+  float area_total = 0.0f;
   for (std::int32_t i = 1; i <= grid.NX; ++i) {
     double DYV = shore.Y(i) - shore.YSTART(i);
     if (std::abs(DYV) < LEAST_CHANGE) DYV = 0.0;
-    const float V = static_cast<float>(static_cast<double>(grid.DX(i)) * DYV) *
-                    (profile.DCLOSCELL(i) + profile.BERMHTCELL(i));
+    const auto area = static_cast<float>(static_cast<double>(grid.DX(i)) * DYV);
+    const float V = area * (profile.DCLOSCELL(i) + profile.BERMHTCELL(i));
     ledgers.VOLCELL(i) = V;
     ledgers.VOLLEN(i) = V / grid.DX(i);
     total += V;
+    area_total += area;
   }
   ledgers.VOLTOTAL = total;
+  ledgers.AREATOTAL = area_total;
 }
 
 void add_transport(const Grid& grid, const Transport& t, float VOLFAC, float CONVYD3, Ledgers& l) {

@@ -28,6 +28,8 @@ struct Clock {
   std::int32_t CURDATE = 0;   ///< date of the step: events, print dates, anniversaries
   std::int32_t NEXTDATE = 0;  ///< date of the following step: tables and report
 
+  std::int32_t FROMDATE = 0;  ///< date of the last year block, SIMDATS before the first
+
   std::int32_t NDTSAVE = 0;  ///< steps between table records
   std::int32_t NWSTEP = 0;   ///< steps between wave records
   std::int32_t NWLSTEP = 0;  ///< steps between water level records
@@ -45,5 +47,10 @@ struct Clock {
   std::int32_t IERR = 0;     ///< 1 once a failure stops the run at the common stop point
   bool STOPPED = false;      ///< the run went through the common stop point
 };
+
+/// Years completed since the start, by the difference of the dates in years.
+inline std::int64_t completed_years(const Clock& clock) {
+  return (std::int64_t{clock.NEXTDATE} - clock.SIMDATS) / 10000;
+}
 
 }  // namespace kelprun

@@ -30,6 +30,7 @@ struct Ledgers {
   PerCell<float> VOLCELL;         ///< volume change of the cell since the start, m3 (coast/)
   PerCell<float> VOLLEN;          ///< the same per unit length, m2 (coast/)
   float VOLTOTAL = 0.0f;          ///< sum of VOLCELL, m3 (coast/)
+  float AREATOTAL = 0.0f;         ///< sum of width times shoreline change, m2 (coast/)
   PerCell<float> VFILLP, VFILLN;  ///< placed and removed by beach fills, m3 (coast/)
   PerCell<float> VBYPP, VBYPN;    ///< placed and removed by bypassing, m3 (coast/)
 };

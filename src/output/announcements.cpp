@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "text/columns.h"
+#include "text/column_record.h"
 #include "text/console.h"
 
 namespace kelprun {
@@ -17,16 +17,16 @@ void announce_program() {
 
 void announce_years(const Clock& clock) {
   const std::string ORNAMENT(65, '*');
-  const auto number = [](int width, std::int64_t value) {
-    std::string field(static_cast<std::size_t>(width), ' ');
-    put_integer(field.data(), width, value);
-    return field;
-  };
-  const std::int64_t years = (std::int64_t{clock.NEXTDATE} - clock.SIMDATS) / 10000;
   console_record("");
   for (int line = 1; line <= 3; ++line) console_line(ORNAMENT);
-  console_record("CALCULATED " + number(3, years) + " YEARS  =" + number(8, clock.ITS) +
-                 " TIME STEPS.  DATE IS " + number(8, clock.NEXTDATE));
+  console_record(ColumnRecord()
+                     .text("CALCULATED ")
+                     .integer(3, completed_years(clock))
+                     .text(" YEARS  =")
+                     .integer(8, clock.ITS)
+                     .text(" TIME STEPS.  DATE IS ")
+                     .integer(8, clock.NEXTDATE)
+                     .record());
   for (int line = 1; line <= 4; ++line) console_line(ORNAMENT);
 }
 

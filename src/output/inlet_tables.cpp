@@ -7,30 +7,18 @@
 
 #include "model/constants.h"
 #include "model/table_names.h"
-#include "text/columns.h"
+#include "text/column_record.h"
 #include "text/stop.h"
 
 namespace kelprun {
 
 namespace {
 
-constexpr int NUMBER_WIDTH = 8;
-constexpr int VALUE_WIDTH = 14;
-
 std::string row(std::int32_t ITS, const std::array<float, 16>& values, std::int32_t date) {
-  std::string text(NUMBER_WIDTH, ' ');
-  put_integer(text.data(), NUMBER_WIDTH, ITS);
-  text += ' ';
-  for (const float value : values) {
-    const std::size_t start = text.size();
-    text.resize(start + VALUE_WIDTH);
-    put_fixed(text.data() + start, VALUE_WIDTH, 0, static_cast<double>(value));
-  }
-  text.append(4, ' ');
-  const std::size_t start = text.size();
-  text.resize(start + NUMBER_WIDTH);
-  put_integer(text.data() + start, NUMBER_WIDTH, date);
-  return text;
+  ColumnRecord line;
+  line.integer(8, ITS).blanks(1);
+  for (const float value : values) line.real(14, 0, static_cast<double>(value));
+  return line.blanks(4).integer(8, date).record();
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include "output/transmission_report.h"
 
+#include "output/report_layout.h"
+
 namespace kelprun {
 
 namespace {
@@ -15,15 +17,14 @@ Array1<float> means(const TransmissionStatistics& kt) {
 }  // namespace
 
 void report_transmission(const Settings& settings, const Breakwaters& b, Report& report) {
-  if (settings.KTMETFLAG != 1 || !settings.PRTOUT) return;
-  constexpr int COLUMNS = 11;
+  if (settings.KTMETFLAG != 1) return;
   report.line(" DETACHED BREAKWATER KT STATISTICS: ");
   report.line(" AVG KT VALUE(S)  = ");
-  report.array(means(b.kt), b.NDB, COLUMNS);
+  report.array(means(b.kt), b.NDB, POSITION_WIDTH);
   report.line(" MAX KT VALUE(S)  = ");
-  report.array(b.kt.KTMAX, b.NDB, COLUMNS);
+  report.array(b.kt.KTMAX, b.NDB, POSITION_WIDTH);
   report.line(" MIN KT VALUE(S)  = ");
-  report.array(b.kt.KTMIN, b.NDB, COLUMNS);
+  report.array(b.kt.KTMIN, b.NDB, POSITION_WIDTH);
 }
 
 }  // namespace kelprun

@@ -1,6 +1,6 @@
+#include "coast/volumes.h"
 #include "output/announcements.h"
-#include "output/transmission_report.h"
-#include "output/wave_report.h"
+#include "output/closing_report.h"
 #include "run/run.h"
 #include "text/console.h"
 #include "text/standard_error.h"
@@ -31,11 +31,13 @@ int finish(Run& run) {
     warning_line("the run was stopped during time step " + std::to_string(c.ITS));
   }
   set_mean_rates(c, m.ledgers);
+  if (m.settings.PRTOUT) report_means(m, run.report);
   run.tables.write_means(m.ledgers, c.NEXTDATE);
   if (!c.STOPPED && c.ITS == c.NTS && c.ITS % c.NDTSAVE != 0) run.tables.write_state(m);
-  if (m.settings.PRTOUT) report_undiffracted(m.grid, m.undiffracted, run.report);
-  report_transmission(m.settings, m.breakwaters, run.report);
+  if (m.settings.PRTOUT) report_end(m, run.report);
   announce_bad_angles(m.waves.NBADANG, run.report);
+  VOLSTEP(m.grid, m.profile, m.shore, m.ledgers);
+  if (m.settings.PRTOUT) report_closing_volumes(m, run.report);
   console_line("<<<Simulation finished>>>");
   run.report.close();
   run.tables.close();

@@ -13,6 +13,7 @@
 #include "input/wave_table.h"
 #include "model/constants.h"
 #include "output/announcements.h"
+#include "output/report_head.h"
 #include "run/bypass_checks.h"
 #include "run/numerics.h"
 #include "run/run.h"
@@ -104,6 +105,7 @@ void setup(Run& run, const std::string& path) {
   prepare_transmission(m.settings, m.grid, m.groins, m.tips, m.breakwaters);
   prepare_waves(run);
   announce_program();
+  if (m.settings.PRTOUT) report_head(m, run.report);
   set_wall_types(m.grid, m.groins);
   set_inlet_shorelines(m.groins, m.inlets, m.shore, run.report);
   set_placements(m.grid, m.inlets);
@@ -114,11 +116,13 @@ void setup(Run& run, const std::string& path) {
   prepare_shoreline(m);
   prepare_sand(m);
   TIPLIST(m.grid, m.breakwaters, m.tips, m.zones, m.diffraction);
+  if (m.settings.PRTOUT) report_initial_shoreline(m, run.report);
   find_first_wave(m.series, m.clock.SIMDATS);
   check_step_relations(m, run.report);
   prepare_bypassing(m.settings, m.clock, m.grid, m.events, run.report);
   check_groins_on_breakwaters(m.groins, m.breakwaters, run.report);
   place_structures(m);
+  m.clock.FROMDATE = m.clock.SIMDATS;
   warn_of_short_waves(m.series, m.clock);
   console_line("Time Simulation begins ...");
   run.report.flush();

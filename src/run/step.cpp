@@ -14,6 +14,7 @@
 #include "inlets/shoals.h"
 #include "model/constants.h"
 #include "output/announcements.h"
+#include "output/print_block.h"
 #include "output/wave_report.h"
 #include "run/calendar.h"
 #include "run/held_wave.h"
@@ -211,6 +212,7 @@ void print_intermediate(Run& run) {
   if (s.NOUT < 1 || c.IPRINT > s.NOUT || c.ITS == c.NTS) return;
   const std::int32_t due = s.PRDATE(c.IPRINT);
   if (c.ITS != due && c.CURDATE != due) return;
+  if (s.PRTOUT) report_print_date(run.model, run.report);
   run.tables.write_year_sums(run.model.ledgers, c.NEXTDATE, 1.0f);
   ++c.IPRINT;
 }
@@ -243,7 +245,7 @@ bool step(Run& run) {
   if (!wave_pass(run)) return stop_at_common_point(c);
   print_intermediate(run);
   keep_extremes(m.grid, m.shore);
-  if (is_year_end(c)) close_year(m, run.tables);
+  if (is_year_end(c)) close_year(m, run.tables, run.report);
   if (c.ITS == c.NTS) return false;
   run.progress.update(c);
   return true;

@@ -3,12 +3,13 @@
 #include <algorithm>
 
 #include "output/announcements.h"
+#include "output/report_layout.h"
+#include "output/year_report.h"
 
 namespace kelprun {
 
 namespace {
 
-constexpr float SCALED_ABOVE = 100000.0f;
 constexpr float SCALE = 0.001f;
 
 float largest_gross(const Ledgers& l) {
@@ -23,19 +24,23 @@ bool is_year_end(const Clock& c) {
   return anniversary != 0 && c.CURDATE % anniversary == 0 && c.FIRSTDAY == 0;
 }
 
-void close_year(Model& m, Tables& tables) {
+void close_year(Model& m, Tables& tables, Report& report) {
   for (std::int32_t i = 1; i <= m.grid.NX; ++i)
     m.shore.YDIFF(i) = static_cast<float>(m.shore.Y(i) - m.shore.YSTART(i));
+  if (m.settings.PRTOUT) report_year_shoreline(m, report);
   announce_years(m.clock);
+  if (m.settings.PRTOUT) report_year_waves(m, report);
 
   Ledgers& l = m.ledgers;
   l.QMAX = largest_gross(l);
   // The report shows thousands above a limit; the tables get full units back from them.
-  const bool scaled = l.QMAX > SCALED_ABOVE;
+  const bool scaled = in_thousands(l.QMAX);
   for (PerWall<float>* sums : {&l.QNETYR, &l.QLEFTYR, &l.QRIGHTYR, &l.QGROSSYR})
     if (scaled)
       for (float& sum : *sums) sum *= SCALE;
+  if (m.settings.PRTOUT) report_year_volumes(m, report);
   tables.write_year_sums(l, m.clock.NEXTDATE, scaled ? 1000.0f : 1.0f);
+  m.clock.FROMDATE = m.clock.NEXTDATE;
   for (PerWall<float>* sums : {&l.QNETYR, &l.QLEFTYR, &l.QRIGHTYR, &l.QGROSSYR}) sums->fill(0.0f);
 }
 

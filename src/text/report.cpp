@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "text/columns.h"
+#include "text/column_record.h"
 #include "text/stop.h"
 
 namespace kelprun {
@@ -29,16 +29,37 @@ void Report::record(std::string_view text) {
   }
 }
 
-void Report::array(const Array1<float>& values, std::int32_t count, int width) {
-  constexpr std::int32_t VALUES_PER_LINE = 10;
-  std::string text;
-  for (std::int32_t first = 1; first <= count; first += VALUES_PER_LINE) {
-    const std::int32_t last = std::min(first + VALUES_PER_LINE - 1, count);
-    text.resize(static_cast<std::size_t>((last - first + 1) * width));
-    for (std::int32_t i = first; i <= last; ++i)
-      put_fixed(text.data() + (i - first) * width, width, 2, static_cast<double>(values(i)));
-    record(text);
+namespace {
+
+/// Writes records of 10 fields or fewer; put(record, i) adds the i-th field.
+template <class Put>
+void write_fields(Report& report, std::int32_t count, Put put) {
+  constexpr std::int32_t FIELDS_PER_LINE = 10;
+  for (std::int32_t first = 1; first <= count; first += FIELDS_PER_LINE) {
+    ColumnRecord line;
+    for (std::int32_t i = first; i <= std::min(first + FIELDS_PER_LINE - 1, count); ++i)
+      put(line, i);
+    report.record(line.record());
   }
+}
+
+}  // namespace
+
+void Report::array(std::int32_t count, int width,
+                   const std::function<double(std::int32_t)>& value) {
+  constexpr int DECIMALS = 2;
+  write_fields(*this, count,
+               [&](ColumnRecord& line, std::int32_t i) { line.real(width, DECIMALS, value(i)); });
+}
+
+void Report::array(const Array1<float>& values, std::int32_t count, int width) {
+  array(count, width, [&](std::int32_t i) { return values(i); });
+}
+
+void Report::numbers(const Array1<std::int32_t>& values) {
+  constexpr int WIDTH = 7;
+  write_fields(*this, values.size(),
+               [&](ColumnRecord& line, std::int32_t i) { line.integer(WIDTH, values(i)); });
 }
 
 }  // namespace kelprun

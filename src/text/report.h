@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -28,8 +29,12 @@ class Report {
     record(free_format(items...));
   }
 
-  /// The first `count` values, 10 a line, in columns of `width` with 2 decimals.
+  /// value(1) to value(count), 10 a line, in columns of `width` with 2 decimals.
+  void array(std::int32_t count, int width, const std::function<double(std::int32_t)>& value);
+  /// The first `count` values in the same way.
   void array(const Array1<float>& values, std::int32_t count, int width);
+  /// Cell or wall numbers, 10 a line, in columns of 7.
+  void numbers(const Array1<std::int32_t>& values);
 
   void flush() { file_.flush(); }
   void close() { file_.close(); }
