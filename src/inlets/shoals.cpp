@@ -2,12 +2,11 @@
 
 #include <algorithm>
 
+#include "model/constants.h"
+
 namespace kelprun {
 
 namespace {
-
-/// A bar keeps at least this much to grow again from, m3.
-constexpr float LEAST_BAR = 0.00001f;
 
 /// A volume above its equilibrium hands the surplus on within the step; gives the rate of it.
 float spill(float& volume, float equilibrium, float DTSEC) {
@@ -73,8 +72,8 @@ float SHOALROUTE(InletMouth SIDE, float QIN, std::int32_t k, float DTSEC, Inlets
   InletSide& side = to_right ? flow.right : flow.left;
 
   const float QI = static_cast<float>(SIDE) * QIN;
-  VB = std::max(VB, LEAST_BAR);
-  VA = std::max(VA, LEAST_BAR);
+  VB = std::max(VB, LEAST_VOLUME);
+  VA = std::max(VA, LEAST_VOLUME);
   flow.VQIN += DTSEC * QI;
 
   const float RE = VE / n.VVSEQ(k);
@@ -100,6 +99,10 @@ float SHOALROUTE(InletMouth SIDE, float QIN, std::int32_t k, float DTSEC, Inlets
   side.VQC += side.Qc * DTSEC;
   side.VQOUT += side.Qout * DTSEC;
   return side.Qout;
+}
+
+void dredge_all(std::int32_t CURDATE, Inlets& n) {
+  for (std::int32_t k = 1; k <= n.NINL; ++k) dredge(k, CURDATE, n);
 }
 
 void dredge(std::int32_t k, std::int32_t CURDATE, Inlets& n) {

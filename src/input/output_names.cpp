@@ -45,7 +45,7 @@ std::vector<Place> outputs_of(const Settings& settings, const Inlets& inlets) {
   for (const std::string_view suffix : TABLE_SUFFIXES)
     outputs.push_back(place(settings.STEM + std::string(suffix)));
   for (std::int32_t k = 1; k <= inlets.INLNAME.size(); ++k)
-    outputs.push_back(place(inlet_name(inlets, k) + std::string(INLET_SUFFIX)));
+    outputs.push_back(place(inlet_table_name(inlets, k)));
   return outputs;
 }
 

@@ -101,6 +101,10 @@ std::string hourly_waves(int date, int count, const std::string& wave, int step)
 Lines inlet(int first, int last) {
   return {"IINLS: " + std::to_string(first),
           "IINLE: " + std::to_string(last),
+          "IBYPL1: " + std::to_string(first - 2),
+          "IBYPL2: " + std::to_string(first - 2),
+          "IBYPR1: " + std::to_string(last + 2),
+          "IBYPR2: " + std::to_string(last + 2),
           "VVSEQ: 100000",
           "VVSFQ: 80000",
           "VVSBQL: 5000",
