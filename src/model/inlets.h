@@ -12,7 +12,7 @@ namespace kelprun {
 struct Dredging {
   std::int32_t inlet = 0;
   std::int32_t event = 0;
-  std::int32_t IMOR = 0;                ///< reservoir touched, 1 to 6
+  std::int32_t IMOR = 0;                ///< reservoir touched, 1 to 6; others touch none
   std::int32_t IDREDS = 0, IDREDE = 0;  ///< first and last date
   float DREDQ = 0.0f;                   ///< volume of one step, m3
 };
