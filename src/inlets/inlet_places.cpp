@@ -57,6 +57,7 @@ Placement placement(const Grid& grid, std::int32_t IS, std::int32_t IE) {
   Placement p;
   p.first = std::max(IS, 1);
   p.last = std::min(IE, grid.NX);
+  if (p.last < p.first) return p;
   float sum = 0.0f;
   for (std::int32_t i = IS; i <= IE; ++i) sum += triangle(IS, IE, i);
   for (std::int32_t i = p.first; i <= p.last; ++i) {

@@ -157,8 +157,8 @@ void check_inlets(const Inlets& n, std::int32_t NX) {
 void check_dredgings(const std::vector<Dredging>& dredgings) {
   for (const Dredging& event : dredgings)
     if (event.IDREDS != 0 && !std::isfinite(event.DREDQ))
-      fatal("DREDV of dredging event " + std::to_string(event.event) +
-            " needs a DRDAY ahead of it");
+      fatal("dredging event " + std::to_string(event.event) + " of " + inlet_text(event.inlet) +
+            ": DREDV needs a DRDAY before it, not 0");
 }
 
 void check_structures(const Model& m) {

@@ -21,7 +21,9 @@ struct Place {
 
 Place place(const std::string& name) {
   std::error_code ignored;
-  return {name, std::filesystem::weakly_canonical(name, ignored)};
+  // A name that leads to no file yet would keep the form in which it is written.
+  const std::filesystem::path full = std::filesystem::absolute(name, ignored);
+  return {name, std::filesystem::weakly_canonical(full, ignored)};
 }
 
 bool same_file(const Place& one, const Place& other) {

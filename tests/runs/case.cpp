@@ -49,6 +49,12 @@ std::string text_of(std::initializer_list<Lines> parts) {
   return text;
 }
 
+Lines all(std::initializer_list<Lines> parts) {
+  Lines lines;
+  for (const Lines& part : parts) lines.insert(lines.end(), part.begin(), part.end());
+  return lines;
+}
+
 Lines free_lines(const Lines& texts) {
   Lines result;
   for (const std::string& text : texts) result.push_back(" " + text);
@@ -98,13 +104,15 @@ std::string hourly_waves(int date, int count, const std::string& wave, int step)
   return text.str();
 }
 
+Lines placement(int left, int right) {
+  const std::string L = std::to_string(left);
+  const std::string R = std::to_string(right);
+  return {"IBYPL1: " + L, "IBYPL2: " + L, "IBYPR1: " + R, "IBYPR2: " + R};
+}
+
 Lines inlet(int first, int last) {
   return {"IINLS: " + std::to_string(first),
           "IINLE: " + std::to_string(last),
-          "IBYPL1: " + std::to_string(first - 2),
-          "IBYPL2: " + std::to_string(first - 2),
-          "IBYPR1: " + std::to_string(last + 2),
-          "IBYPR2: " + std::to_string(last + 2),
           "VVSEQ: 100000",
           "VVSFQ: 80000",
           "VVSBQL: 5000",
