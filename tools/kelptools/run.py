@@ -36,7 +36,7 @@ LONG_NAMES = {
 }
 INLET_NAMES = {
     "Qout": "transport from the {side} attachment bar to the beach",
-    "Qie": "transport from the {side} beach onto the ebb shoal, passing the channel",
+    "Qie": "transport onto the ebb shoal, passing the channel, of sand on its way to the {side}",
     "Attach": "volume of the {side} attachment bar",
     "Qba": "transport from the {side} bypass bar to the attachment bar",
     "Bypass": "volume of the {side} bypass bar",
