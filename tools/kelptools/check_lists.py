@@ -18,7 +18,7 @@ LEFT_OUT = {
 # List keywords that a record can do without.
 OPTIONAL = {
     "PNDG", "PDG", "TRANDB", "KTMETDB", "HDB", "BDB", "SSDB", "SHSDB", "D50DB", "PDB", "INLNAME",
-    "IBYPL1", "IBYPL2", "IBYPR1", "IBYPR2", "JBCL", "JBCR",
+    "IBYPL1", "IBYPL2", "IBYPR1", "IBYPR2", "JBCL", "JBCR", "YINLL", "YINLR",
 }  # fmt: skip
 KEPT_FOR_LATER = "DRDAY"  # the days of the next DREDV; all others must stand behind their opener
 
