@@ -426,7 +426,7 @@ def test_a_dredged_volume_needs_its_days_before_it(told):
     texts = [text for _, _, text in told(more="\n".join([*inlet, "DRDAY: 4", "DREDV: 100"]) + "\n")]
     assert not any("DREDV" in text for text in texts)
     texts = [(level, text) for _, level, text in told(more="DRDAY: 3\nDREDV: 100\n")]
-    assert ("warning", "DRDAY stands before any IMOR line") in texts
+    assert ("error", "DRDAY stands before any IINLS line") in texts
     assert ("error", "DREDV stands before any IMOR line") in texts
 
 

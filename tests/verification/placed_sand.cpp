@@ -1,10 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <iomanip>
 #include <numbers>
-#include <random>
-#include <sstream>
 
 #include "verification/coast.h"
 
@@ -17,49 +14,20 @@ namespace {
 using namespace kelptest;
 
 constexpr int days = 100;
-constexpr int records_a_day = 8;
-constexpr int steps = days * records_a_day;
+constexpr int steps = days * wave_records_a_day;
 constexpr double rounding = 1.0 / (1 << 24);  ///< largest relative rounding of a single value
 constexpr double foot = 0.3048;
 constexpr double yard = 0.9144;
-
-/// A number in [low, high), the same on every machine.
-double between(double low, double high, std::mt19937& numbers) {
-  return low + (high - low) * static_cast<double>(numbers()) / 4294967296.0;
-}
-
-/// Three-hourly waves from New Year 1997; one in ten is a calm.
-std::string changing_waves() {
-  std::mt19937 numbers(2005);
-  std::ostringstream file;
-  file << std::fixed << std::setprecision(2);
-  const int days_of_month[] = {31, 28, 31, 30};
-  int month = 1;
-  int day = 1;
-  for (int d = 0; d < days; ++d) {
-    for (int hour = 0; hour < 24; hour += 24 / records_a_day) {
-      const bool calm = between(0.0, 1.0, numbers) < 0.1;
-      file << 19970000 + month * 100 + day << " " << hour * 100 << " "
-           << (calm ? 0.0 : between(0.2, 2.0, numbers)) << " " << between(5.0, 10.0, numbers) << " "
-           << between(-40.0, 40.0, numbers) << "\n";
-    }
-    if (++day > days_of_month[month - 1]) {
-      ++month;
-      day = 1;
-    }
-  }
-  return file.str();
-}
 
 /// Told in this length unit, m: metres, or feet with cubic yards.
 Coast wavy_coast(double unit) {
   Coast coast;
   coast.DX = 100.0 / unit;
-  coast.DT = 24.0 / records_a_day;
+  coast.DT = 24.0 / wave_records_a_day;
   coast.steps = steps;
   for (int i = 1; i <= 60; ++i)
     coast.shoreline.push_back((50.0 + 10.0 * std::sin(2.0 * std::numbers::pi * i / 23.0)) / unit);
-  coast.waves = changing_waves();
+  coast.waves = changing_waves(2005, days, 2.0);
   coast.keywords = {
       {"WAVEID", "60 " + digits(gauge_depth / unit) + " " + std::to_string(steps) + " waves.dat"},
       {"DCLOS", digits(7.0 / unit)},

@@ -160,6 +160,10 @@ class ListChecks(Context):
 
     def check_dredging(self):
         """A volume becomes a rate as soon as it is read, by the days and the step told by then."""
+        inlets = self.lines_of("IINLS")
+        for line in self.lines_of("DRDAY"):
+            if not inlets or line.number < inlets[0].number:
+                self.tell("error", line, "DRDAY stands before any IINLS line")
         for line in self.lines_of("DREDV"):
             for name in ("DRDAY", "DT"):
                 if not any(other.number < line.number for other in self.lines_of(name)):

@@ -7,41 +7,19 @@
 #include <limits>
 #include <vector>
 
+#include "unit/coast/event_case.h"
 #include "unit/run/small_model.h"
 
 namespace kelprun {
 namespace {
 
-struct Window {
-  std::int32_t start, end;
-};
-
-struct Stretch {
-  std::int32_t first, last;
-};
+using kelptest::add_bypass;
+using kelptest::add_fill;
+using kelptest::Stretch;
+using kelptest::Window;
 
 /// Six cells of 100 m with an active height of 8 m, the shoreline at 0.
 Model coast() { return kelptest::small_model(6); }
-
-void add_fill(Model& m, Window w, Stretch cells, float YADD) {
-  Events& e = m.events;
-  ++e.NBF;
-  e.BFDATS.append(w.start);
-  e.BFDATE.append(w.end);
-  e.IBFS.append(cells.first);
-  e.IBFE.append(cells.last);
-  e.YADD.append(YADD);
-}
-
-void add_bypass(Model& m, Window w, Stretch cells, double QBP) {
-  Events& e = m.events;
-  ++e.NBP;
-  e.BPDATS.append(w.start);
-  e.BPDATE.append(w.end);
-  e.IBPS.append(cells.first);
-  e.IBPE.append(cells.last);
-  e.QBP.append(QBP);
-}
 
 void fill_at(Model& m, std::int32_t ITS, std::int32_t CURDATE) {
   m.clock.ITS = ITS;

@@ -6,21 +6,16 @@
 #include <string>
 #include <vector>
 
+#include "unit/coast/event_case.h"
 #include "unit/run/in_process.h"
 #include "unit/run/small_model.h"
 
 namespace kelprun {
 namespace {
 
+using kelptest::Stretch;
+using kelptest::Window;
 using Lines = std::vector<std::string>;
-
-struct Window {
-  std::int32_t start, end;
-};
-
-struct Stretch {
-  std::int32_t first, last;
-};
 
 constexpr Stretch ANYWHERE{1, 1};
 
@@ -41,13 +36,7 @@ Model counted() {
 }
 
 void add(Model& m, Window w, Stretch cells = ANYWHERE, double QBP = 1.0) {
-  Events& e = m.events;
-  ++e.NBP;
-  e.BPDATS.append(w.start);
-  e.BPDATE.append(w.end);
-  e.IBPS.append(cells.first);
-  e.IBPE.append(cells.last);
-  e.QBP.append(QBP);
+  kelptest::add_bypass(m, w, cells, QBP);
 }
 
 struct Prepared {
