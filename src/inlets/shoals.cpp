@@ -53,9 +53,14 @@ float* reservoir(Inlets& n, std::int32_t k, std::int32_t IMOR) {
   }
 }
 
-/// The lines of an event stand behind those that open its inlet, so that the list ascends by inlet.
-auto events_of(const Inlets& n, std::int32_t k) {
-  return std::ranges::equal_range(n.dredgings, k, {}, &Dredging::inlet);
+void apply(const Dredging& event, Inlets& n) {
+  InletFlow& flow = n.flows(event.inlet);
+  if (event.DREDQ > 0.0f) {
+    flow.VDREDR -= event.DREDQ;
+  } else {
+    flow.VDREDP += event.DREDQ;
+  }
+  if (float* const volume = reservoir(n, event.inlet, event.IMOR)) *volume -= event.DREDQ;
 }
 
 }  // namespace
@@ -107,16 +112,12 @@ void dredge_all(std::int32_t CURDATE, Inlets& n) {
 
 void dredge(std::int32_t k, std::int32_t CURDATE, Inlets& n) {
   if (n.DREDFLAG != 1) return;
-  for (const Dredging& event : events_of(n, k)) {
-    if (event.event > n.NDRED(k) || event.IDREDS == 0) continue;
-    if (CURDATE < event.IDREDS || CURDATE > event.IDREDE) continue;
-    InletFlow& flow = n.flows(k);
-    if (event.DREDQ > 0.0f) {
-      flow.VDREDR -= event.DREDQ;
-    } else {
-      flow.VDREDP += event.DREDQ;
-    }
-    if (float* const volume = reservoir(n, k, event.IMOR)) *volume -= event.DREDQ;
+  // The lines of an event stand behind those that open its inlet, so that the list ascends by
+  // inlet.
+  for (auto event = std::ranges::lower_bound(n.dredgings, k, {}, &Dredging::inlet);
+       event != n.dredgings.end() && event->inlet == k; ++event) {
+    if (event->event > n.NDRED(k) || event->IDREDS == 0) continue;
+    if (event->IDREDS <= CURDATE && CURDATE <= event->IDREDE) apply(*event, n);
   }
 }
 
