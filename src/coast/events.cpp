@@ -1,6 +1,7 @@
 #include "coast/events.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "model/constants.h"
 
@@ -22,6 +23,8 @@ void fill_beaches(const Grid& grid, const Profile& profile, const Events& e, con
   for (std::int32_t k = 1; k <= e.NBF; ++k) {
     if (D < e.BFDATS(k) || D >= e.BFDATE(k)) continue;
     const float YADD = e.YADD(k);
+    // A fill of zero days has no finite amount; around a leap day it still has a time to act in.
+    if (!std::isfinite(YADD)) continue;
     PerCell<float>& ledger = YADD > 0.0f ? l.VFILLP : l.VFILLN;
     for (std::int32_t i = std::max(e.IBFS(k), 1); i <= std::min(e.IBFE(k), grid.NX); ++i) {
       shore.Y(i) += static_cast<double>(YADD);

@@ -90,7 +90,7 @@ class GroinPass {
     const float DLIMT = limit_depth(waves_.HB(i), settings_.GAMMA);
     Passage passage;
     passage.QG = transport_measure(i, ALF);
-    // Sand that would pass into an inlet beside the groin is the inlet's.
+    // No sand comes past the groin out of an inlet beside it: the mouths route it.
     if (comes_from_inlet(i, ALF)) return passage;
     passage.BYPT = share_beyond(DG, DLIMT);
     passage.BYP = passage.BYPT + (PERM - PERM * passage.BYPT);

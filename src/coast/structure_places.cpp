@@ -27,12 +27,6 @@ std::int32_t breakwater_ends_at(std::int32_t wall, const Breakwaters& b) {
   return (left ? LEFT_END : 0) + (right ? RIGHT_END : 0);
 }
 
-bool groin_stands_at(std::int32_t wall, const Groins& g) {
-  for (std::int32_t k = 1; k <= g.NGRP; ++k)
-    if (g.IXGRP(k) == wall) return true;
-  return false;
-}
-
 }  // namespace
 
 void subtract_regional_contour(const Settings& settings, const Grid& grid,
@@ -75,8 +69,8 @@ void connect_groins_and_breakwaters(Groins& g, Breakwaters& b) {
   }
   b.attached.allocate(static_cast<std::size_t>(b.NDB));
   for (std::int32_t k = 1; k <= b.NDB; ++k)
-    b.attached(k) = (groin_stands_at(b.DBI1(k), g) ? LEFT_END : 0) +
-                    (groin_stands_at(b.DBI2(k), g) ? RIGHT_END : 0);
+    b.attached(k) =
+        (groin_on(g, b.DBI1(k)) > 0 ? LEFT_END : 0) + (groin_on(g, b.DBI2(k)) > 0 ? RIGHT_END : 0);
 }
 
 void group_breakwaters(Breakwaters& b) {

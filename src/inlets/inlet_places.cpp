@@ -10,19 +10,12 @@ namespace {
 constexpr std::int32_t DIFFRACTING_GROIN = 1;
 constexpr std::int32_t PLAIN_GROIN = -1;
 
-/// Tip of the groin that makes the wall's type.
-double tip_at(const Groins& g, std::int32_t wall) {
-  for (std::int32_t k = 1; k <= g.NGRP; ++k)
-    if (g.IXGRP(k) == wall) return static_cast<double>(g.YGT(k));
-  return 0.0;
-}
-
 /// The shoreline at a side of an inlet: by its distance from the jetty's tip, or the beach's own.
 float side_position(const Groins& g, std::int32_t wall, double beside_jetty, float JBC,
                     double open_beach, Report& report) {
   const std::int32_t type = g.ICSTR(wall);
   if (type == DIFFRACTING_GROIN || type == PLAIN_GROIN) {
-    const double TP = tip_at(g, wall);
+    const auto TP = static_cast<double>(g.YGT(groin_on(g, wall)));
     return static_cast<float>(TP - (TP - beside_jetty) * static_cast<double>(JBC));
   }
   if (type != 0) {
@@ -37,7 +30,7 @@ void derive_sides(std::int32_t k, const Groins& g, const PerCell<double>& Y, Inl
   const std::int32_t L = n.IINLS(k);
   const std::int32_t R = n.IINLE(k);
   n.YINLL(k) = side_position(g, L, Y(L), n.JBCL(k), Y(L - 1), report);
-  // A non-diffracting groin on the right looks at the beach beyond it, unlike all others: meant so.
+  // A non-diffracting groin on the right takes the beach beyond it, unlike all others: meant so.
   const double beside_jetty = g.ICSTR(R + 1) == PLAIN_GROIN ? Y(R + 1) : Y(R);
   n.YINLR(k) = side_position(g, R + 1, beside_jetty, n.JBCR(k), Y(R + 1), report);
 }
@@ -64,6 +57,7 @@ Placement placement(const Grid& grid, std::int32_t IS, std::int32_t IE) {
   Placement p;
   p.first = std::max(IS, 1);
   p.last = std::min(IE, grid.NX);
+  if (p.last < p.first) return p;
   float sum = 0.0f;
   for (std::int32_t i = IS; i <= IE; ++i) sum += triangle(IS, IE, i);
   for (std::int32_t i = p.first; i <= p.last; ++i) {

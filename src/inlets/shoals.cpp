@@ -2,12 +2,11 @@
 
 #include <algorithm>
 
+#include "model/constants.h"
+
 namespace kelprun {
 
 namespace {
-
-/// A bar keeps at least this much to grow again from, m3.
-constexpr float LEAST_BAR = 0.00001f;
 
 /// A volume above its equilibrium hands the surplus on within the step; gives the rate of it.
 float spill(float& volume, float equilibrium, float DTSEC) {
@@ -54,9 +53,14 @@ float* reservoir(Inlets& n, std::int32_t k, std::int32_t IMOR) {
   }
 }
 
-/// The lines of an event stand behind those that open its inlet, so that the list ascends by inlet.
-auto events_of(const Inlets& n, std::int32_t k) {
-  return std::ranges::equal_range(n.dredgings, k, {}, &Dredging::inlet);
+void apply(const Dredging& event, Inlets& n) {
+  InletFlow& flow = n.flows(event.inlet);
+  if (event.DREDQ > 0.0f) {
+    flow.VDREDR -= event.DREDQ;
+  } else {
+    flow.VDREDP += event.DREDQ;
+  }
+  if (float* const volume = reservoir(n, event.inlet, event.IMOR)) *volume -= event.DREDQ;
 }
 
 }  // namespace
@@ -73,8 +77,8 @@ float SHOALROUTE(InletMouth SIDE, float QIN, std::int32_t k, float DTSEC, Inlets
   InletSide& side = to_right ? flow.right : flow.left;
 
   const float QI = static_cast<float>(SIDE) * QIN;
-  VB = std::max(VB, LEAST_BAR);
-  VA = std::max(VA, LEAST_BAR);
+  VB = std::max(VB, LEAST_VOLUME);
+  VA = std::max(VA, LEAST_VOLUME);
   flow.VQIN += DTSEC * QI;
 
   const float RE = VE / n.VVSEQ(k);
@@ -102,18 +106,18 @@ float SHOALROUTE(InletMouth SIDE, float QIN, std::int32_t k, float DTSEC, Inlets
   return side.Qout;
 }
 
+void dredge_all(std::int32_t CURDATE, Inlets& n) {
+  for (std::int32_t k = 1; k <= n.NINL; ++k) dredge(k, CURDATE, n);
+}
+
 void dredge(std::int32_t k, std::int32_t CURDATE, Inlets& n) {
   if (n.DREDFLAG != 1) return;
-  for (const Dredging& event : events_of(n, k)) {
-    if (event.event > n.NDRED(k) || event.IDREDS == 0) continue;
-    if (CURDATE < event.IDREDS || CURDATE > event.IDREDE) continue;
-    InletFlow& flow = n.flows(k);
-    if (event.DREDQ > 0.0f) {
-      flow.VDREDR -= event.DREDQ;
-    } else {
-      flow.VDREDP += event.DREDQ;
-    }
-    if (float* const volume = reservoir(n, k, event.IMOR)) *volume -= event.DREDQ;
+  // The lines of an event stand behind those that open its inlet, so that the list ascends by
+  // inlet.
+  for (auto event = std::ranges::lower_bound(n.dredgings, k, {}, &Dredging::inlet);
+       event != n.dredgings.end() && event->inlet == k; ++event) {
+    if (event->event > n.NDRED(k) || event->IDREDS == 0) continue;
+    if (event->IDREDS <= CURDATE && CURDATE <= event->IDREDE) apply(*event, n);
   }
 }
 

@@ -19,4 +19,7 @@ float SHOALROUTE(InletMouth SIDE, float QIN, std::int32_t k, float DTSEC, Inlets
 /// step. Nothing keeps a volume from falling below zero.
 void dredge(std::int32_t k, std::int32_t CURDATE, Inlets& inlets);
 
+/// The dredging events of all inlets, for a step that routes no sand.
+void dredge_all(std::int32_t CURDATE, Inlets& inlets);
+
 }  // namespace kelprun

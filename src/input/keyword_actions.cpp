@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "model/constants.h"
 #include "text/console.h"
 #include "text/fields.h"
 #include "text/list_read.h"
@@ -126,7 +127,7 @@ void note_transmission_method(Reading& r) {
 void replace_zero(Reading& r, Array1<float>& volumes, std::string_view keyword) {
   float& volume = volumes(volumes.size());
   if (volume != 0.0f) return;
-  volume = 0.00001f;
+  volume = LEAST_VOLUME;
   const std::string message = std::string(keyword) + " cannot = 0; resetting to 0.00001";
   console_line(message);
   // Like every report line it is kept only once the report has a name.
@@ -152,6 +153,11 @@ Dredging& current_dredging(Reading& r, std::string_view keyword) {
       inlets.dredgings.back().event != r.dredge_counter)
     inlets.dredgings.push_back({inlets.NINL, r.dredge_counter, 0, 0, 0, 0.0f});
   return inlets.dredgings.back();
+}
+
+float& dredging_days(Reading& r) {
+  if (r.model.inlets.NINL < 1) refuse_unopened("DRDAY", "IINLS");
+  return r.DRDAY;
 }
 
 void store_dredging_rate(Reading& r) {

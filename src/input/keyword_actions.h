@@ -68,6 +68,8 @@ void replace_zero(Reading& r, Array1<float>& volumes, std::string_view keyword);
 Dredging& opened_dredging(Reading& r);
 /// The event of the current inlet and the current count.
 Dredging& current_dredging(Reading& r, std::string_view keyword);
+/// The days of the events to come.
+float& dredging_days(Reading& r);
 /// The volume as a rate per step, from the days and the step length seen so far in the file.
 void store_dredging_rate(Reading& r);
 

@@ -230,7 +230,7 @@ const std::array KEYWORDS = {
     opens(int8("IMOR", [](R& r) -> I& { return opened_dredging(r).IMOR; })),
     field("IMOR", int8("IDREDS", [](R& r) -> I& { return current_dredging(r, "IDREDS").IDREDS; })),
     field("IMOR", int8("IDREDE", [](R& r) -> I& { return current_dredging(r, "IDREDE").IDREDE; })),
-    field("IMOR", real("DRDAY", [](R& r) -> F& { return r.DRDAY; })),
+    field("IMOR", real("DRDAY", [](R& r) -> F& { return dredging_days(r); })),
     field("IMOR", real("DREDV", [](R& r) -> F& { return r.DREDV; }, store_dredging_rate)),
 
     // Sediment budget

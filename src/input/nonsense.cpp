@@ -157,8 +157,8 @@ void check_inlets(const Inlets& n, std::int32_t NX) {
 void check_dredgings(const std::vector<Dredging>& dredgings) {
   for (const Dredging& event : dredgings)
     if (event.IDREDS != 0 && !std::isfinite(event.DREDQ))
-      fatal("DREDV of dredging event " + std::to_string(event.event) + " of " +
-            inlet_text(event.inlet) + " must stand behind DRDAY, which must not be 0");
+      fatal("dredging event " + std::to_string(event.event) + " of " + inlet_text(event.inlet) +
+            ": DREDV needs a DRDAY before it, not 0");
 }
 
 void check_structures(const Model& m) {
@@ -194,6 +194,31 @@ void warn_of_stations_out_of_order(const Array1<std::int32_t>& ITCEND) {
                  std::to_string(ITCEND(k - 1)));
     return;
   }
+}
+
+/// Sand that comes out of an attachment bar without a place to go is lost.
+void warn_of_missing_placement(const Inlets& n, std::int32_t NX) {
+  const auto warn = [](std::int32_t k, const char* first, const char* last) {
+    warning_line(inlet_text(k) + " has no placement cells " + first + " to " + last +
+                 " in the grid: sand that passes to that side is lost");
+  };
+  const auto missing = [NX](std::int32_t first, std::int32_t last) {
+    return std::max(first, 1) > std::min(last, NX);
+  };
+  for (std::int32_t k = 1; k <= n.NINL; ++k) {
+    if (missing(n.IBYPL1(k), n.IBYPL2(k))) warn(k, "IBYPL1", "IBYPL2");
+    if (missing(n.IBYPR1(k), n.IBYPR2(k))) warn(k, "IBYPR1", "IBYPR2");
+  }
+}
+
+/// DREDV is a rate by the DT and DRDAY that stand ahead of it.
+void warn_of_idle_dredging(const std::vector<Dredging>& dredgings) {
+  for (const Dredging& event : dredgings)
+    if (event.IDREDS != 0 && event.DREDQ == 0.0f)
+      warning_line("dredging event " + std::to_string(event.event) + " of " +
+                   inlet_text(event.inlet) +
+                   " moves nothing: DT and DRDAY must stand ahead of "
+                   "DREDV");
 }
 
 bool zero_everywhere(const PerWall<float>& values) {
@@ -236,6 +261,8 @@ void warn_of_oddities(const Model& m) {
   if (zero_everywhere(m.waves.THETAAMP))
     warning_line("THETAAMP is 0 in every cell (a list left out is 0): all waves come straight in");
   warn_of_stations_out_of_order(m.series.ITCEND);
+  warn_of_missing_placement(m.inlets, m.grid.NX);
+  warn_of_idle_dredging(m.inlets.dredgings);
 }
 
 }  // namespace kelprun

@@ -21,7 +21,9 @@ struct Place {
 
 Place place(const std::string& name) {
   std::error_code ignored;
-  return {name, std::filesystem::weakly_canonical(name, ignored)};
+  // A name that leads to no file yet would keep the form in which it is written.
+  const std::filesystem::path full = std::filesystem::absolute(name, ignored);
+  return {name, std::filesystem::weakly_canonical(full, ignored)};
 }
 
 bool same_file(const Place& one, const Place& other) {
@@ -45,7 +47,7 @@ std::vector<Place> outputs_of(const Settings& settings, const Inlets& inlets) {
   for (const std::string_view suffix : TABLE_SUFFIXES)
     outputs.push_back(place(settings.STEM + std::string(suffix)));
   for (std::int32_t k = 1; k <= inlets.INLNAME.size(); ++k)
-    outputs.push_back(place(inlet_name(inlets, k) + std::string(INLET_SUFFIX)));
+    outputs.push_back(place(inlet_table_name(inlets, k)));
   return outputs;
 }
 

@@ -32,6 +32,9 @@ inline constexpr float K2_DIVISOR = 18.896585f;
 /// Seconds in a year of 365.25 days.
 inline constexpr float SECONDS_PER_YEAR = 31557600.0f;
 
+/// What a bar keeps to grow again from, and an equilibrium volume of 0 becomes, m3 or cubic yards.
+inline constexpr float LEAST_VOLUME = 0.00001f;
+
 /// Factor from degrees to radians for THETADEL; it differs from PI/180 in the last places.
 inline constexpr float RADIANS_PER_DEGREE = 0.017453294f;
 

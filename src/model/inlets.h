@@ -12,7 +12,7 @@ namespace kelprun {
 struct Dredging {
   std::int32_t inlet = 0;
   std::int32_t event = 0;
-  std::int32_t IMOR = 0;                ///< reservoir touched, 1 to 6
+  std::int32_t IMOR = 0;                ///< reservoir touched, 1 to 6; others touch none
   std::int32_t IDREDS = 0, IDREDE = 0;  ///< first and last date
   float DREDQ = 0.0f;                   ///< volume of one step, m3
 };
@@ -46,8 +46,7 @@ struct Placement {
   Array1<float> WPLACE;    ///< share of each cell, from `first` on
 };
 
-/// Tidal inlets as configured. Owner: input/; INLC, YINLL, YINLR, JBCL, JBCR and the last three
-/// fields: inlets/, volumes too.
+/// Tidal inlets. Owner: input/ until the set-up, then inlets/.
 struct Inlets {
   std::int32_t NINL = 0;
   Array1<std::int32_t> IINLS, IINLE;  ///< first and last cell
@@ -57,7 +56,7 @@ struct Inlets {
   Array1<float> VVSE, VVSF, VVSBL, VVSBR, VVSAL, VVSAR;
   /// Equilibrium volumes of the same six, m3.
   Array1<float> VVSEQ, VVSFQ, VVSBQL, VVSBQR, VVSAQL, VVSAQR;
-  Array1<float> YINLL, YINLR;  ///< shoreline at the sides, as given
+  Array1<float> YINLL, YINLR;  ///< shoreline at the sides, m; 0: derived at set-up
   Array1<float> JBCL, JBCR;    ///< boundary values at the sides
   std::int32_t DREDFLAG = 0;   ///< 1: dredging events exist
   Array1<std::int32_t> NDRED;  ///< event slots that the inlet looks at

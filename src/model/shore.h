@@ -7,7 +7,8 @@ namespace kelprun {
 /// The shoreline and the lines that bound it. Lengths in metres, orientations in radians.
 struct Shore {
   /// Shoreline position, positive seaward, measured from YREG once the run has begun. Writers in
-  /// call order: the file reader, set-up, beach fills, the calm step, inlet placement, the sweep.
+  /// call order: the file reader, set-up, beach fills, the calm step, inlet placement, the sweep,
+  /// the lee of breakwaters.
   PerCell<double> Y;
   PerCell<double> YOLD;    ///< Y at the start of the pass, inlets bridged (run/)
   PerCell<double> YPREV;   ///< Y at entry of the sediment step (coast/)

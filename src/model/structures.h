@@ -34,6 +34,13 @@ struct Groins {
   PerWall<std::int32_t> ICSTR;
 };
 
+/// Place in the merged list of the groin on a wall; 0 where none stands.
+inline std::int32_t groin_on(const Groins& groins, std::int32_t wall) {
+  for (std::int32_t k = 1; k <= groins.NGRP; ++k)
+    if (groins.IXGRP(k) == wall) return k;
+  return 0;
+}
+
 /// A wall type of a diffracting groin that stands out or ends level with the shoreline.
 inline bool is_standing_groin(std::int32_t type) { return type == 1 || type == 3; }
 

@@ -4,7 +4,8 @@
 
 namespace kelprun {
 
-/// Longshore transport of the last pass, m3/s, positive to the right. Owner: coast/.
+/// Longshore transport of the last pass, m3/s, positive to the right. Owner: coast/; Q at the
+/// mouths of inlets: inlets/.
 struct Transport {
   PerWall<float> Q;       ///< net
   PerWall<float> QRIGHT;  ///< positive part

@@ -27,11 +27,10 @@ void InletTables::open(const Inlets& inlets) {
   files_.resize(static_cast<std::size_t>(inlets.NINL));
   for (std::int32_t k = 1; k <= inlets.NINL; ++k) {
     OutputFile& file = files_[static_cast<std::size_t>(k - 1)];
-    const std::string name = inlet_name(inlets, k);
-    const std::string file_name = name + std::string(INLET_SUFFIX);
+    const std::string file_name = inlet_table_name(inlets, k);
     if (!file.open(file_name, true))
       run_time_message(file_name + ": cannot be opened: " + std::strerror(errno));
-    file.record("Inlet Shoal Volumes for " + name);
+    file.record("Inlet Shoal Volumes for " + inlet_name(inlets, k));
     file.record(
         "      DT        L_Qout         L_Qie      L_Attach         L_Qba      L_Bypass         "
         "L_Qeb           Ebb           Qfe         Flood           Qce         R_Qeb      R_Bypass "

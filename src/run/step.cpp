@@ -192,7 +192,7 @@ bool wave_pass(Run& run) {
   fill_beaches(m.grid, m.profile, m.events, m.clock, m.shore, m.ledgers);
   if (is_calm(m.grid, m.waves)) {
     CALMSTEP(m.grid, m.profile, m.boundaries, m.clock.DT, m.shore);
-    for (std::int32_t k = 1; k <= m.inlets.NINL; ++k) dredge(k, m.clock.CURDATE, m.inlets);
+    dredge_all(m.clock.CURDATE, m.inlets);
   } else if (!waves_come_from_behind(m.waves.pass) && !move_sand(run)) {
     return false;
   }

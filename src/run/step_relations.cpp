@@ -40,8 +40,7 @@ bool is_wrong_date(std::int32_t date) {
 }
 
 /// A fill's amount over its whole time becomes an amount per step; its own first date decides
-/// whether it counts in days or in steps. A fill of zero days gets an infinite amount and never
-/// acts.
+/// whether it counts in days or in steps. A fill of zero days gets an amount that is not finite.
 void spread_fills(Events& e, float SPD, Report& report) {
   for (std::int32_t k = 1; k <= e.NBF; ++k) {
     if (e.BFDATS(k) <= LAST_STEP_NUMBER) {

@@ -49,6 +49,12 @@ std::string text_of(std::initializer_list<Lines> parts) {
   return text;
 }
 
+Lines all(std::initializer_list<Lines> parts) {
+  Lines lines;
+  for (const Lines& part : parts) lines.insert(lines.end(), part.begin(), part.end());
+  return lines;
+}
+
 Lines free_lines(const Lines& texts) {
   Lines result;
   for (const std::string& text : texts) result.push_back(" " + text);
@@ -96,6 +102,12 @@ std::string hourly_waves(int date, int count, const std::string& wave, int step)
     text << date + hour / 24 << " " << 100 * (hour % 24) << " " << wave << "\n";
   }
   return text.str();
+}
+
+Lines placement(int left, int right) {
+  const std::string L = std::to_string(left);
+  const std::string R = std::to_string(right);
+  return {"IBYPL1: " + L, "IBYPL2: " + L, "IBYPR1: " + R, "IBYPR2: " + R};
 }
 
 Lines inlet(int first, int last) {

@@ -35,6 +35,9 @@ class Case {
 /// All parts, one after the other, each line with its line end.
 std::string text_of(std::initializer_list<Lines> parts);
 
+/// All parts as one list of lines.
+Lines all(std::initializer_list<Lines> parts);
+
 /// The texts as free-format lines: with one blank in front.
 Lines free_lines(const Lines& texts);
 
@@ -55,6 +58,9 @@ std::string hourly_waves(int date, int count, const std::string& wave, int step 
 
 /// The lines of an inlet from one cell to another, its shoals and bars empty.
 Lines inlet(int first, int last);
+
+/// The cells of an inlet, one on each side, on which its sand comes back.
+Lines placement(int left, int right);
 
 /// A shoreline, contour or width file: four headers, then the values in groups of 10.
 std::string values_file(const std::vector<double>& values);

@@ -34,12 +34,6 @@ Lines breakwater(int left, int right, int distance) {
           "TRANDB: 0.5"};
 }
 
-Lines all(std::initializer_list<Lines> parts) {
-  Lines result;
-  for (const Lines& part : parts) result.insert(result.end(), part.begin(), part.end());
-  return result;
-}
-
 const Lines WRONG_START_DATE{" ERROR. INCORRECT FORMAT ON SIMULATION START DATE.",
                              " PLEASE CORRECT YOUR .cfg FILE."};
 const Lines WRONG_END_DATE{" ERROR. SIMULATION ENDING DATE MUST BE LATER THAN",
@@ -230,10 +224,10 @@ const std::vector<Passing> PASSING{
     {"bypass_operation",
      {},
      {"BPDATS: 19970101", "BPDATE: 19970102", "IBPS: 3", "IBPE: 15", "QBP: 0.01"}},
-    {"tidal_inlet", {}, inlet(9, 11)},
+    {"tidal_inlet", {}, all({inlet(9, 11), placement(7, 13)})},
     {"dredged_volume_before_its_days",
      {},
-     all({inlet(9, 11), {"IMOR: 1", "DREDV: 1000", "DRDAY: 10"}})},
+     all({inlet(9, 11), placement(7, 13), {"IMOR: 1", "DREDV: 1000", "DRDAY: 10"}})},
 };
 
 class checks_pass : public testing::TestWithParam<Passing> {};

@@ -263,6 +263,7 @@ TEST_P(zero_equilibrium_volume, is_replaced_and_told) {
   const std::string keyword = GetParam();
   const Lines warning = free_lines({keyword + " cannot = 0; resetting to 0.00001"});
   Lines volumes = inlet(9, 11);
+  for (const std::string& line : placement(7, 13)) volumes.push_back(line);
   for (std::string& line : volumes)
     if (line.starts_with(keyword + ":")) line = keyword + ": 0";
   Case replaced({}, volumes);

@@ -103,6 +103,27 @@ def copy_of(finished, tmp_path):
     return copy
 
 
+SHOALS = {"VVSE": 60000, "VVSF": 20000, "VVSBL": 4000, "VVSBR": 5000, "VVSAL": 1000, "VVSAR": 2000}
+EQUILIBRIA = {"VVSEQ": 90000, "VVSFQ": 25000, "VVSBQL": 10000, "VVSBQR": 11000, "VVSAQL": 4000, "VVSAQR": 8000}
+
+
+def inlet_lines(first: int, last: int, name: str = "", **others) -> str:
+    """An inlet with its shoals, whose sand is put down in the second cell beside it."""
+    lines = {"IINLS": first, "IINLE": last, "IBYPL1": first - 2, "IBYPL2": first - 2, "IBYPR1": last + 2,
+             "IBYPR2": last + 2, "YINLL": 0, "YINLR": 0, **SHOALS, **EQUILIBRIA, **others}  # fmt: skip
+    if name:
+        lines["INLNAME"] = f'"{name}"'
+    return "".join(f"{keyword}: {value}\n" for keyword, value in lines.items())
+
+
+@pytest.fixture(scope="session")
+def two_inlets(tmp_path_factory):
+    """Report of a run in feet with two inlets, the second one nameless; waves drive all sand to the right."""
+    small = Case(tmp_path_factory.mktemp("inlets") / "two", [300] * 30, KELUNITS="(ft)", DX="300", DT="6")
+    small.extra = inlet_lines(8, 10, "Old Inlet") + inlet_lines(20, 21, VVSE=30000)
+    return small.run()
+
+
 def read_by_hand(path: Path, width: int):
     """Dates and values of a table, read without the tools: slices of text lines."""
     dates, rows = [], []

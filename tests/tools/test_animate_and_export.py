@@ -168,6 +168,23 @@ def test_csv_of_shoals(case, tmp_path, capsys):
     assert [float(row["Ebb (m3)"]) for row in rows] == [6, 26]
 
 
+def test_csv_and_netcdf_of_the_programs_shoals(two_inlets, tmp_path):
+    assert cli.main(["export", str(two_inlets), str(tmp_path / "a.csv"), "--table", "inlets"]) == 0
+    rows = list(csv.DictReader(open(tmp_path / "a.csv", newline="")))
+    assert [row["inlet"] for row in rows] == ["Old Inlet"] * 3 + ["Inlet2"] * 3
+    for name in ("Old Inlet", "Inlet2"):
+        written = two_inlets.with_name(f"{name}.irv").read_text().splitlines()[2:]
+        told = [row for row in rows if row["inlet"] == name]
+        assert [int(row["step"]) for row in told] == [int(line[:8]) for line in written]
+        assert [int(row["date"]) for row in told] == [int(line[-8:]) for line in written]
+        assert [float(row["R_Qout (yd3/year)"]) for row in told] == [float(line[219:233]) for line in written]
+        assert [float(row["L_Qout (yd3/year)"]) for row in told] == [float(line[9:23]) for line in written]
+    assert cli.main(["export", str(two_inlets), str(tmp_path / "a.nc")]) == 0
+    with xr.open_dataset(tmp_path / "a.nc") as again:
+        assert again["inlet"].values.tolist() == ["Old Inlet", "Inlet2"]
+        assert again["VVSEQ"].values.tolist() == [90000, 90000] and again["VVSEQ"].attrs["units"] == "yd3"
+
+
 # GeoJSON.
 
 

@@ -6,7 +6,7 @@ import re
 import subprocess
 
 import pytest
-from conftest import ROOT, program, run_model
+from conftest import ROOT, inlet_lines, program, read_by_hand, run_model
 
 from kelptools import keywords
 from kelptools.checking import findings
@@ -423,11 +423,211 @@ def test_a_dredged_volume_needs_its_days_before_it(told):
     inlet = ["IINLS: 5", "IINLE: 6", "IMOR: 1", "IDREDS: 20200102", "IDREDE: 20200105"]
     texts = [text for _, _, text in told(more="\n".join([*inlet, "DREDV: 100", "DRDAY: 3"]) + "\n")]
     assert "DREDV stands before DRDAY, so that its rate comes out wrong" in texts
-    texts = [text for _, _, text in told(more="\n".join([*inlet, "DRDAY: 3", "DREDV: 100"]) + "\n")]
+    texts = [text for _, _, text in told(more="\n".join([*inlet, "DRDAY: 4", "DREDV: 100"]) + "\n")]
     assert not any("DREDV" in text for text in texts)
     texts = [(level, text) for _, level, text in told(more="DRDAY: 3\nDREDV: 100\n")]
-    assert ("warning", "DRDAY stands before any IMOR line") in texts
+    assert ("error", "DRDAY stands before any IINLS line") in texts
     assert ("error", "DREDV stands before any IMOR line") in texts
+
+
+# Fills, bypass operations, inlets, dredging
+
+FILL = "BFDATS: {}\nBFDATE: {}\nIBFS: 2\nIBFE: 4\nYADD: 10\n"
+BYPASS = "BPDATS: {}\nBPDATE: {}\nIBPS: 2\nIBPE: 4\nQBP: 10\n"
+JETTIES = "IXNDG: 9\nYNDG: 300\nPNDG: 0\nIXNDG: 12\nYNDG: 300\nPNDG: 0\n"
+INLET = JETTIES + inlet_lines(9, 11, JBCL=1, JBCR=1)
+AT_INLET = FIRST_MORE + JETTIES.count("\n")  # the line that opens the inlet
+DREDGING = "IMOR: 3\nIDREDS: 20200102\nIDREDE: 20200105\nDRDAY: 4\nDREDV: 100\n"
+AT_DREDGING = FIRST_MORE + INLET.count("\n")
+
+
+def test_events_and_an_inlet_that_are_sound_run(told, tmp_path):
+    more = FILL.format(20200102, 20200105) + BYPASS.format(20200102, 20200111) + INLET + DREDGING
+    assert told(more=more) == []
+    agrees(tmp_path, 0, "Model run completed")
+
+
+@pytest.mark.parametrize("event, name", [(FILL, "BFDAT"), (BYPASS, "BPDAT")])
+def test_dates_and_step_numbers_do_not_mix(told, event, name):
+    assert told(more=event.format(20200102, 20200105) + event.format(3, 5)) == [
+        (FIRST_MORE + 5, "warning", f"{name}S 3 is a step number, but all are compared with the clock of the first "
+         f"{name}S, which is a date"),
+        (FIRST_MORE + 6, "warning", f"{name}E 5 is a step number, but all are compared with the clock of the first "
+         f"{name}S, which is a date"),
+    ]  # fmt: skip
+    (found,) = told(more=event.format(3, 20200105))
+    assert found == (
+        FIRST_MORE + 1, "warning",
+        f"{name}E 20200105 is a date, but all are compared with the clock of the first {name}S, which is a step number",
+    )  # fmt: skip
+
+
+@pytest.mark.parametrize("event, name", [(FILL, "BFDATS"), (BYPASS, "BPDATS")])
+@pytest.mark.parametrize("first, last", [(20200111, 20200120), (20191201, 20200101), (11, 15)])
+def test_operations_outside_the_run(told, event, name, first, last):
+    text = f"{name} {first} to {last} does not lie within the run"
+    assert told(more=event.format(first, last)) == [(FIRST_MORE, "warning", text)]
+
+
+@pytest.mark.parametrize("event, name", [(FILL, "BFDAT"), (BYPASS, "BPDAT")])
+def test_operations_of_no_length(told, event, name):
+    text = f"{name}S 20200105 acts on no step: {name}E, the same, does not count"
+    assert told(more=event.format(20200105, 20200105)) == [(FIRST_MORE, "warning", text)]
+    text = f"{name}S 5 acts on no step: {name}E, the same, does not count"
+    assert told(more=event.format(5, 5)) == [(FIRST_MORE, "warning", text)]
+
+
+@pytest.mark.parametrize("first, last", [(20191230, 20200105), (20200105, 20200120), (-3, 5), (5, 15)])
+def test_a_fill_partly_outside_the_run_is_placed_in_part(told, first, last):
+    text = f"BFDATS {first} to {last} reaches out of the run: only the share of YADD that lies within it is placed"
+    assert told(more=FILL.format(first, last)) == [(FIRST_MORE, "warning", text)]
+
+
+def test_a_fill_of_step_numbers_places_less(told, tmp_path):
+    text = "BFDATS 3 to 7 places 4 parts in 5 of YADD: the last step does not count"
+    assert told(more=FILL.format(3, 7)) == [(FIRST_MORE, "note", text)]
+    # Without waves all change is the fill's: 8 m of 10 in each of its cells.
+    told(more=FILL.format(3, 7), waves=[record[:13] + " 0 0 0" for record in WAVES])
+    run_model(tmp_path, "a.cfg")
+    _, rows = read_by_hand(tmp_path / "a.slo", 14)
+    assert rows[-1] == [100] + [108] * 3 + [100] * 16
+
+
+@pytest.mark.parametrize(
+    "event, first, last, level, text",
+    [
+        (FILL, 0, 4, "warning", "IBFS to IBFE: 0 to 4 reach out of cells 1 to 20"),
+        (FILL, 0, 21, "error", "IBFS to IBFE: 0 to 21 reach out of cells 1 to 20"),
+        (FILL, 5, 4, "error", "IBFS 5 lies behind IBFE 4"),
+        (BYPASS, 18, 21, "error", "IBPS to IBPE: 18 to 21 reach out of cells 1 to 20"),
+        (BYPASS, 5, 4, "error", "IBPS 5 lies behind IBPE 4"),
+    ],
+)
+def test_operations_outside_the_grid(told, tmp_path, event, first, last, level, text):
+    more = event.format(20200102, 20200105).replace("S: 2\n", f"S: {first}\n").replace("E: 4\n", f"E: {last}\n")
+    assert told(more=more) == [(FIRST_MORE + 2, level, text)]
+    agrees(tmp_path, 1 if level == "error" else 0)
+
+
+@pytest.mark.parametrize(
+    "first, last, text",
+    [
+        (13, 15, "IBYPR1 to IBYPR2: 13 to 15 are 3 cells, which get about 1/3 of the sand; give one"),
+        (15, 13, "IBYPR1 to IBYPR2: 15 to 13 holds no cell: the sand that came from the left is lost"),
+        (21, 21, "IBYPR1 to IBYPR2: 21 to 21 reach out of cells 1 to 20; sand put there is lost"),
+        (11, 11, "IBYPR1 to IBYPR2: 11 to 11 reach into an inlet; sand put there is lost"),
+        (0, 0, "this IINLS has no IBYPR1 and IBYPR2: the sand that came from the left is lost"),
+    ],
+)
+def test_where_the_bars_put_their_sand(told, first, last, text):
+    more = JETTIES + inlet_lines(9, 11, JBCL=1, JBCR=1, IBYPR1=first, IBYPR2=last)
+    assert told(more=more) == [(AT_INLET, "warning", text)]
+
+
+def test_placement_cells_that_are_left_out(told):
+    more = "".join(line for line in INLET.splitlines(keepends=True) if not line.startswith("IBYPL"))
+    text = "this IINLS has no IBYPL1 and IBYPL2: the sand that came from the right is lost"
+    assert told(more=more) == [(AT_INLET, "warning", text)]
+
+
+def test_sides_of_an_inlet_are_metres(told):
+    given = JETTIES + inlet_lines(9, 11, YINLL=100, YINLR=105)
+    assert told(more=given) == []
+    text = "YINLL and YINLR of this IINLS, 100 and 105, are taken as metres: they are not converted"
+    assert told(("KELUNITS: (m)", "KELUNITS: (ft)"), more=given) == [(AT_INLET, "warning", text)]
+    text = "this IINLS has YINLL and no YINLR: the inlet's right side stands at 0"
+    assert told(more=JETTIES + inlet_lines(9, 11, YINLL=100)) == [(AT_INLET, "warning", text)]
+    text = "this IINLS has no YINLL: both sides are worked out, and YINLR has no effect"
+    assert told(more=INLET.replace("YINLR: 0", "YINLR: 100")) == [(AT_INLET, "warning", text)]
+    assert told(more=INLET.replace("YINLL: 0\n", "").replace("YINLR: 0\n", "")) == []
+
+
+def test_an_inlet_between_jetties_needs_its_sides(told):
+    behind = "the shoreline in the inlet stands at the jetty's tip, and hardly any sand comes in; 1 is the beach"
+    more = JETTIES + inlet_lines(9, 11)
+    assert told(more=more) == [
+        (AT_INLET, "warning", f"{name} of this IINLS is 0: {behind}") for name in ("JBCL", "JBCR")
+    ]
+    # Without jetties the model takes the beach itself.
+    assert told(more=inlet_lines(9, 11)) == []
+
+
+@pytest.mark.parametrize("name", ["PNDG", "PDG"])
+def test_a_left_jetty_that_lets_sand_through(told, name):
+    jetties = JETTIES if name == "PNDG" else JETTIES.replace("NDG: ", "DG: ").replace("PDG", "DDG: 2\nPDG")
+    inlet = inlet_lines(9, 11, JBCL=1, JBCR=1)
+    text = (
+        f"{name} 0.3 of the jetty at wall 9: a left jetty that lets sand through takes far more off the beach than the "
+        "inlet gets; 0 keeps the sand"
+    )
+    left = jetties.replace(f"{name}: 0\n", f"{name}: 0.3\n", 1)
+    assert told(more=left + inlet) == [(FIRST_MORE + jetties.count("\n"), "warning", text)]
+    before, _, behind = jetties.rpartition(f"{name}: 0")
+    assert told(more=before + f"{name}: 0.3" + behind + inlet) == []
+
+
+@pytest.mark.parametrize(
+    "first, last, text",
+    [
+        (9, 8, "IINLE 8 lies before IINLS 9"),
+        (2, 4, "IINLS 2 to 4: an inlet needs 2 cells of beach on each side"),
+        (17, 19, "IINLS 17 to 19: an inlet needs 2 cells of beach on each side"),
+    ],
+)
+def test_places_of_an_inlet(told, tmp_path, first, last, text):
+    more = inlet_lines(first, last, IBYPL1=10, IBYPL2=10, IBYPR1=10, IBYPR2=10)
+    assert [one for one in told(more=more) if one[1] == "error"] == [(FIRST_MORE, "error", text)]
+    agrees(tmp_path, 1)
+
+
+def test_two_inlets_need_room_and_names(told, tmp_path):
+    first = inlet_lines(5, 6, "Gut", IBYPR1=7, IBYPR2=7)
+    second = FIRST_MORE + first.count("\n")
+    text = "IINLS 8 to 9: 2 cells of beach are needed between inlets"
+    for start, found in ((8, [(second, "error", text)]), (9, [])):
+        assert told(more=first + inlet_lines(start, start + 1, IBYPL1=7, IBYPL2=7)) == found
+        agrees(tmp_path, 1 if found else 0)
+    text = "several inlets have the table Gut.irv: give each its own INLNAME"
+    assert told(more=first + inlet_lines(12, 13, "Gut")) == [(FIRST_MORE, "error", text)]
+    agrees(tmp_path, 1)
+
+
+def test_an_inlet_table_must_not_overwrite_an_input(told, tmp_path):
+    found = told(("INIFILE: a.shore", "INIFILE: gut.irv"), more=inlet_lines(9, 11, "gut"))
+    assert (LINE["INIFILE"], "error", "INIFILE: gut.irv would be overwritten by the report or a table") in found
+
+
+@pytest.mark.parametrize(
+    "old, new, text",
+    [
+        ("IMOR: 3", "IMOR: 7", "IMOR 7 is no shoal: 1 to 6 are dredged, and this touches none"),
+        ("IMOR: 3", "IMOR: 0", "IMOR 0 is no shoal: 1 to 6 are dredged, and this touches none"),
+        ("IDREDS: 20200102\nIDREDE: 20200105", "IDREDS: 20200112\nIDREDE: 20200115",
+         "IDREDS 20200112 to 20200115 does not lie within the run"),
+        ("IDREDS: 20200102\nIDREDE: 20200105", "IDREDS: 20191228\nIDREDE: 20191231",
+         "IDREDS 20191228 to 20191231 does not lie within the run"),
+        ("IDREDS: 20200102\nIDREDE: 20200105", "IDREDS: 2\nIDREDE: 5",
+         "IDREDS 2 to 5: dredging goes by dates alone, not by step numbers"),
+        ("IDREDE: 20200105", "IDREDE: 20200101", "IDREDE 20200101 lies before IDREDS 20200102"),
+        ("DRDAY: 4", "DRDAY: 2", "IDREDS 20200102 to 20200105 are 4 days, the last one counts too, and DRDAY is 2: "
+         "200 are taken, not DREDV 100"),
+    ],
+)  # fmt: skip
+def test_dredging_that_does_not_act_as_it_seems(told, old, new, text):
+    assert told(more=INLET + DREDGING.replace(old, new)) == [(AT_DREDGING, "warning", text)]
+
+
+def test_the_days_told_last_hold_for_the_next_volume(told):
+    second = "IMOR: 4\nIDREDS: 20200106\nIDREDE: 20200109\nDREDV: 100\n"
+    texts = [text for _, _, text in told(more=INLET + DREDGING + second)]
+    assert not any("are taken" in text for text in texts)
+    texts = [text for _, _, text in told(more=INLET + DREDGING + second.replace("0109", "0107"))]
+    assert any("are 2 days" in text and "50 are taken, not DREDV 100" in text for text in texts)
+
+
+def test_dredging_needs_an_inlet_before_it(told, tmp_path):
+    assert (FIRST_MORE, "error", "IMOR stands before any IINLS line") in told(more=DREDGING + INLET)
+    agrees(tmp_path, 1)
 
 
 # Keywords without effect

@@ -1,5 +1,6 @@
-"""The examples with structures: what their README promises."""
+"""The examples with structures, events and an inlet: what their README promises."""
 
+import re
 import shutil
 
 import numpy as np
@@ -11,6 +12,8 @@ from kelptools.run import find_run
 CELLS, WIDTH, YEARS = 140, 75.0, 1827 / 365.25
 GROINS = [58, 63, 68, 73, 78, 83]  # walls
 BREAKWATERS = [58, 64, 70, 76]  # first cells, three each
+HEIGHT = 9.5  # depth of closure and berm height, in all of them
+INLET_CELLS, INLET = 200, range(99, 102)
 
 
 @pytest.fixture(scope="module")
@@ -24,7 +27,7 @@ def change(tmp_path_factory):
             shutil.copytree(ROOT / "examples" / name, folder)
             run_model(folder, f"{name}.cfg")
             _, rows = read_by_hand(folder / f"{name}.slo", 14)
-            assert len(rows[0]) == CELLS
+            assert len(rows[0]) == (INLET_CELLS if name == "inlet" else CELLS)
             done[name] = folder, np.array([np.nan, *np.subtract(rows[-1], rows[0])])
         return done[name]
 
@@ -40,7 +43,7 @@ def net(folder):
 def test_what_the_coast_gains_came_in_at_its_ends(change, name):
     folder, moved = change(name)
     came_in = (net(folder)[1] - net(folder)[CELLS + 1]) * YEARS
-    gained = moved[1:].sum() * WIDTH * 9.5  # depth of closure and berm height: 9.5 m
+    gained = moved[1:].sum() * WIDTH * HEIGHT
     assert gained == pytest.approx(came_in, abs=1000)
     # Far from the structures the coast is as it was.
     assert np.abs(moved[1:6]).max() < 2 and np.abs(moved[-5:]).max() < 2
@@ -82,20 +85,127 @@ def test_t_groins_keep_their_sand_in_bays(change):
     assert moved[57] > plain[57] and moved[84] < plain[84]
 
 
+def test_the_coast_gains_what_the_fills_place(change):
+    folder, moved = change("nourishment")
+    placed = (25 * 30 + 20 * 40) * WIDTH * HEIGHT  # cells and advance of the fills; the plant takes what it gives
+    came_in = (net(folder)[1] - net(folder)[CELLS + 1]) * YEARS
+    assert moved[1:].sum() * WIDTH * HEIGHT == pytest.approx(placed + came_in, abs=1000)
+
+
+def test_fills_and_a_plant_pay_the_neighbour_of_the_groins(change):
+    folder, moved = change("nourishment")
+    plain_folder, plain = change("groin_field")
+    gain = moved - plain
+    assert plain[83:103].mean() < -30 < 10 < moved[83:103].mean()
+    assert (gain[83:139] > 0).all() and (np.diff(gain[83:139]) < 0).all()  # it spreads to the south
+    assert gain[10:58].max() < 0  # the plant takes from the fillet, and the fillet from its north
+    for first, beyond in zip(GROINS, GROINS[1:]):
+        assert moved[beyond - 1] > 30 and moved[first] == pytest.approx(2, abs=3)  # all compartments look alike
+    assert moved[83] == moved[1:].min() < 0  # the groin's lee is still the lowest place
+    # The last groin passes more sand, as the beach before it stands further out.
+    assert net(folder)[83] > net(plain_folder)[83]
+
+
+def shoals(folder):
+    """Dates of an inlet's table and its columns by their names."""
+    lines = (folder / "Gull Inlet.irv").read_text().splitlines()
+    names, *rows = (line.split() for line in lines[1:])
+    return [int(row[-1]) for row in rows], {
+        name: np.array([float(row[place]) for row in rows]) for place, name in enumerate(names) if name[0] in "LREFQ"
+    }
+
+
+START = {"Ebb": 6e5, "Flood": 3e5, "L_Bypass": 5e4, "R_Bypass": 5e4, "L_Attach": 2e4, "R_Attach": 2e4}
+FULL = {"Ebb": 12e5, "Flood": 5e5, "L_Bypass": 25e4, "R_Bypass": 25e4, "L_Attach": 1e5, "R_Attach": 1e5}
+
+
+def test_the_shoals_of_the_inlet_fill(change):
+    folder, _ = change("inlet")
+    dates, volume = shoals(folder)
+    assert dates[0] == 19920131 and dates[-1] == 20111217
+    for name in ("Flood", "R_Bypass", "R_Attach"):
+        assert (np.diff(volume[name]) >= 0).all()
+        assert volume[name][0] < 0.65 * FULL[name] and 0.97 * FULL[name] < volume[name][-1] <= FULL[name]
+    assert volume["Ebb"][-1] > START["Ebb"] + 200000
+    # What comes from the south is little, and goes to the bars in the north.
+    assert volume["L_Bypass"][-1] < 0.4 * FULL["L_Bypass"]
+
+
+def test_dredging_makes_notches_in_the_ebb_shoal(change):
+    dates, volume = shoals(change("inlet")[0])
+    at = lambda date: next(place for place, one in enumerate(dates) if one >= date)
+    for year in (1994, 1997, 2000, 2003, 2006, 2009):
+        before, after = at(year * 10000 + 402) - 1, at(year * 10000 + 630)  # a row of 1 April has one step of it
+        notch = volume["Ebb"][before : after + 1]
+        # 100 000 m3 are taken in these three months, and up to 26 000 come in.
+        assert 70000 < notch[0] - notch[-1] <= 100000.5
+        assert (np.diff(notch) < 0).all()
+
+
+def test_an_inlet_starves_the_beach_behind_it_until_its_bars_are_full(change):
+    folder, moved = change("inlet")
+    _, rows = read_by_hand(folder / "inlet.slo", 14)
+    moved_in = lambda first, last: (np.array(rows[last]) - rows[first])[INLET[-1] : INLET[-1] + 25].mean()
+    half = len(rows) // 2
+    assert moved_in(0, half) < -40 and abs(moved_in(half, -1)) < 0.4 * -moved_in(0, half)
+    assert moved[80:99].min() > 20 and moved[102:125].max() < -40
+    assert (moved[INLET.start : INLET.stop] == 0).all()
+    rates = net(folder)
+    assert (rates[INLET.start : INLET.stop + 1] == 0).all()
+    assert rates[1] == pytest.approx(rates[201], abs=10)
+    assert 0 < rates[98] < 0.7 * rates[1]
+    # The attachment bar gives its sand to cell 107, and only a pull of the waves hides it elsewhere.
+    assert rates[108] - rates[107] > 40000
+
+
+def test_the_sand_of_the_inlet_is_beach_or_shoal_or_dredged(change):
+    folder, moved = change("inlet")
+    _, volume = shoals(folder)
+    beach = np.delete(moved, [0, *INLET]).sum() * 150 * HEIGHT
+    kept = sum(values[-1] - START[name] for name, values in volume.items() if name in START)
+    came_in = (net(folder)[1] - net(folder)[INLET_CELLS + 1]) * 7305 / 365.25
+    handed_on = 1.1e6  # what the right attachment bar gave the beach
+    assert abs(beach + kept + 600000 - came_in) < 0.05 * (kept + 600000 + handed_on)
+
+
+def test_what_is_dredged_is_missing_on_the_beach(change, tmp_path):
+    folder, moved = change("inlet")
+    for name in ("inlet.shore", "inlet.waves"):
+        shutil.copy(folder / name, tmp_path)
+    lines = (folder / "inlet.cfg").read_text().splitlines(keepends=True)
+    dredging = ("IMOR", "IDREDS", "IDREDE", "DRDAY", "DREDV")
+    (tmp_path / "inlet.cfg").write_text("".join(line for line in lines if not line.startswith(dredging)))
+    run_model(tmp_path, "inlet.cfg")
+    _, rows = read_by_hand(tmp_path / "inlet.slo", 14)
+    spared = np.subtract(rows[-1], rows[0])[INLET[-1] :] - moved[INLET.stop :]
+    assert 0.5 * 600000 < spared.sum() * 150 * HEIGHT < 600000
+    assert shoals(tmp_path)[1]["Ebb"][-1] > shoals(folder)[1]["Ebb"][-1] + 200000
+
+
 def test_the_pictures_have_the_structures(change):
     kinds = {name: [one.kind for one in find_run(change(name)[0] / f"{name}.prt").structures] for name in
-             ("groin_field", "breakwaters", "t_groin")}  # fmt: skip
+             ("groin_field", "breakwaters", "t_groin", "inlet")}  # fmt: skip
     assert kinds == {
         "groin_field": ["groin"] * 6,
         "breakwaters": ["breakwater"] * 4,
         "t_groin": ["groin"] * 6 + ["breakwater"] * 12,
+        "inlet": ["groin"] * 2 + ["inlet"],
     }
     for name in kinds:
         assert (ROOT / "docs" / "figures" / f"{name}_shoreline.png").is_file()
         assert f"figures/{name}_shoreline.png" in (ROOT / "examples" / name / "README.md").read_text()
 
 
+def test_every_picture_of_a_readme_is_there():
+    for readme in (ROOT / "examples").glob("*/README.md"):
+        for name in re.findall(r"\]\(([^)]*\.png)\)", readme.read_text()):
+            assert (readme.parent / name).is_file()
+
+
 def test_the_waves_are_those_of_duck():
     whole = (ROOT / "examples" / "duck" / "duck.waves").read_text().splitlines()
-    for name in ("groin_field", "breakwaters", "t_groin"):
+    longer = (ROOT / "examples" / "inlet" / "inlet.waves").read_text().splitlines()
+    first = longer.index(whole[0])
+    assert longer[first : first + len(whole)] == whole and len(longer) == 7306
+    for name in ("groin_field", "breakwaters", "t_groin", "nourishment"):
         assert (ROOT / "examples" / name / f"{name}.waves").read_text().splitlines() == whole[:1828]

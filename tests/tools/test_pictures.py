@@ -4,10 +4,10 @@ import kelptools
 import matplotlib.dates as mdates
 import numpy as np
 import pytest
-from conftest import read_by_hand
+from conftest import EQUILIBRIA, read_by_hand
 from kelptools import KelpError, cli
 from kelptools.drawing import DIFFERENCES
-from kelptools.pictures import change_figure, shoreline_figure, transport_figure, volume_figure
+from kelptools.pictures import change_figure, shoals_figure, shoreline_figure, transport_figure, volume_figure
 from kelptools.run import find_run
 from PIL import Image
 
@@ -207,6 +207,61 @@ def test_cells_are_numbered_for_10_and_for_4000(built, case, tmp_path):
         for axis in draw(run.dataset, []).axes:
             for ticks in (axis.get_xticklabels(), axis.get_yticklabels()):
                 assert len(ticks) <= 14
+
+
+def column(path, head):
+    """A column of an inlet's table as it stands in the file."""
+    lines = path.read_text().splitlines()
+    place = lines[1].split().index(head)
+    return [float(row.split()[place]) for row in lines[2:]]
+
+
+@pytest.mark.parametrize("inlet, name, table", [(0, "Old Inlet", "Old Inlet.irv"), (1, "Inlet2", "Inlet2.irv")])
+def test_the_shoals_of_two_inlets(two_inlets, inlet, name, table):
+    run = find_run(two_inlets)
+    path = two_inlets.with_name(table)
+    shoals, share = shoals_figure(run.dataset, run.structures, inlet).axes
+    assert shoals.get_title("left") == f"Shoals of {name}, 2020-01-01 to 2020-02-01"
+    heads = {
+        "Ebb shoal": "Ebb", "Flood shoal": "Flood", "Left bypass bar": "L_Bypass", "Right bypass bar": "R_Bypass",
+        "Left attachment bar": "L_Attach", "Right attachment bar": "R_Attach",
+    }  # fmt: skip
+    for label, head in heads.items():
+        np.testing.assert_array_equal(line(shoals, label).get_ydata(), column(path, head))
+    flat = [one.get_ydata()[0] for one in shoals.lines if len(set(one.get_ydata())) == 1 and one.get_linewidth() < 1]
+    assert flat == [90000, 25000, 10000, 11000, 4000, 8000] == [
+        EQUILIBRIA[one] for one in ("VVSEQ", "VVSFQ", "VVSBQL", "VVSBQR", "VVSAQL", "VVSAQR")
+    ]
+    assert legend_texts(shoals) == [*heads, "Equilibrium volumes"]
+    assert shoals.get_ylabel() == "Volume (yd³)"
+    days = [str(mdates.num2date(moment).date()) for moment in line(shoals, "Ebb shoal").get_xdata()]
+    assert days == ["2020-01-11", "2020-01-21", "2020-01-31"]
+    expected = [e / 90000 * b / 11000 * a / 8000 for e, b, a in
+                zip(column(path, "Ebb"), column(path, "R_Bypass"), column(path, "R_Attach"))]  # fmt: skip
+    np.testing.assert_allclose(line(share, "Right beach").get_ydata(), expected)
+    assert share.get_ylim()[1] > 1 and line(share, "Left beach").get_ydata()[0] < expected[0]
+
+
+def test_one_picture_for_each_inlet(two_inlets, tmp_path, capsys):
+    assert cli.main(["plot", str(two_inlets), "-o", str(tmp_path)]) == 0
+    names = [path.rpartition("run_")[2] for path in capsys.readouterr().out.split()]
+    assert names == ["shoreline.png", "change.png", "transport.png", "volume.png", "shoals1.png", "shoals2.png"]
+    assert (tmp_path / "run_shoals1.png").read_bytes() != (tmp_path / "run_shoals2.png").read_bytes()
+
+
+def test_no_picture_of_shoals_without_an_inlet(copy_of, capsys):
+    assert cli.main(["plot", str(copy_of("first_beach")), "--only", "shoals"]) == 1
+    told = "nothing to draw: the run has no inlet, or its table is empty"
+    assert capsys.readouterr().err == f"kelp: first_beach.prt: {told}\n"
+
+
+def test_shoals_with_one_record_and_one_below_zero(two_inlets):
+    run = find_run(two_inlets)
+    data = run.dataset.isel(inlet_record=[0]).copy(deep=True)
+    data["Ebb"].values[0, 0] = -5000
+    shoals, share = shoals_figure(data, run.structures).axes
+    assert shoals.get_ylim()[0] < -5000
+    assert line(share, "Right beach").get_ydata()[0] < 0 and share.get_ylim()[0] < 0
 
 
 def test_a_single_cell(case):

@@ -349,6 +349,36 @@ def test_shoal_tables(case):
         assert kelptools.open_run(report).sizes["inlet"] == 1
 
 
+def test_shoal_tables_of_the_program(two_inlets):
+    run = kelptools.open_run(two_inlets)
+    assert run["inlet"].values.tolist() == ["Old Inlet", "Inlet2"]
+    # Every tenth day of steps of 6 hours, with the date at the end of the step.
+    assert run["inlet_step"].values.tolist() == [40, 80, 120]
+    assert run["inlet_date"].values.tolist() == [20200111, 20200121, 20200131]
+    # Volumes are cubic yards in the file as in the configuration; what the sand from the left does not touch stays.
+    assert run["L_Bypass"].attrs["units"] == "yd3" and run["R_Qout"].attrs["units"] == "yd3 year-1"
+    assert run["L_Bypass"].values[0].tolist() == [4000] * 3 and run["L_Attach"].values[0].tolist() == [1000] * 3
+    assert run["L_Qie"].values[0].tolist() == [0] * 3 and (run["R_Qie"].values > 0).all()
+    assert (np.diff(run["Ebb"].values) > 0).all() and run["Ebb"].values[0, 0] > 60000
+    assert 30000 < run["Ebb"].values[1, 0] < run["Ebb"].values[0, 0]
+    lines = two_inlets.with_name("Old Inlet.irv").read_text().splitlines()
+    assert lines[0] == "Inlet Shoal Volumes for Old Inlet"
+    for place, name in enumerate(lines[1].split()[1:-1]):
+        written = [float(row[9 + 14 * place : 23 + 14 * place]) for row in lines[2:]]
+        assert run[name].values[0].tolist() == written
+    assert run["VVSEQ"].dims == ("inlet",) and run["VVSEQ"].values.tolist() == [90000, 90000]
+    assert run["VVSBQL"].attrs["long_name"] == "equilibrium volume of the left bypass bar"
+
+
+def test_an_equilibrium_of_zero_is_nearly_nothing(case):
+    small = case()
+    report = small.run()
+    small.add("IINLS: 4\nIINLE: 4\nVVSEQ: 0\n")
+    write_inlet_table(small.folder / "Inlet1.irv", [(10, range(16), 20200111)])
+    run = kelptools.open_run(report)
+    assert run["VVSEQ"].values.tolist() == [0.00001] == run["VVSFQ"].values.tolist()
+
+
 def test_dates_without_a_time_are_kept(copy_of):
     report = copy_of("first_beach")
     for suffix in STATE:

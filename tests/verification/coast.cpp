@@ -2,6 +2,8 @@
 
 #include <cstdio>
 #include <filesystem>
+#include <iomanip>
+#include <random>
 #include <sstream>
 #include <stdexcept>
 
@@ -63,6 +65,33 @@ std::string digits(double value) {
 
 std::string steady_wave(double H, double T, double degrees) {
   return digits(H) + " " + digits(T) + " " + digits(degrees) + "\n";
+}
+
+std::string changing_waves(unsigned seed, int days, double highest) {
+  std::mt19937 numbers(seed);
+  // The standard's distributions differ between libraries.
+  const auto between = [&](double low, double high) {
+    return low + (high - low) * static_cast<double>(numbers()) / 4294967296.0;
+  };
+  std::ostringstream file;
+  file << std::fixed << std::setprecision(2);
+  const int days_of_month[] = {31, 28, 31, 30};
+  int month = 1;
+  int day = 1;
+  for (int d = 0; d < days; ++d) {
+    for (int hour = 0; hour < 24; hour += 24 / wave_records_a_day) {
+      const bool calm = between(0.0, 1.0) < 0.1;
+      // The order of evaluation of a chain of output is that of its writing.
+      file << 19970000 + month * 100 + day << " " << hour * 100 << " "
+           << (calm ? 0.0 : between(0.2, highest)) << " " << between(5.0, 10.0) << " "
+           << between(-40.0, 40.0) << "\n";
+    }
+    if (++day > days_of_month[month - 1]) {
+      ++month;
+      day = 1;
+    }
+  }
+  return file.str();
 }
 
 void measured(const std::string& what, double value) {

@@ -38,6 +38,11 @@ std::string digits(double value);
 /// The file of a steady wave: metres, seconds, degrees.
 std::string steady_wave(double H, double T, double degrees);
 
+/// Three-hourly waves from New Year 1997 for some days until April, drawn: heights from 0.2 m to
+/// the highest, angles to 40 degrees on both sides; one record in ten is a calm.
+std::string changing_waves(unsigned seed, int days, double highest);
+inline constexpr int wave_records_a_day = 8;
+
 /// Prints one line "measured: WHAT = VALUE"; docs/verification.md quotes these.
 void measured(const std::string& what, double value);
 

@@ -2,10 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <iomanip>
 #include <numbers>
-#include <random>
-#include <sstream>
 
 #include "verification/coast.h"
 
@@ -18,44 +15,15 @@ namespace {
 using namespace kelptest;
 
 constexpr int days = 100;
-constexpr int records_a_day = 8;
 constexpr double rounding = 1.0 / (1 << 24);  ///< largest relative rounding of a single value
-
-/// A number in [low, high), the same on every machine.
-double between(double low, double high, std::mt19937& numbers) {
-  return low + (high - low) * static_cast<double>(numbers()) / 4294967296.0;
-}
-
-/// Three-hourly waves from New Year 1997; one in ten is a calm.
-std::string changing_waves() {
-  std::mt19937 numbers(1997);
-  std::ostringstream file;
-  file << std::fixed << std::setprecision(2);
-  const int days_of_month[] = {31, 28, 31, 30};
-  int month = 1;
-  int day = 1;
-  for (int d = 0; d < days; ++d) {
-    for (int hour = 0; hour < 24; hour += 24 / records_a_day) {
-      const bool calm = between(0.0, 1.0, numbers) < 0.1;
-      file << 1997 * 10000 + month * 100 + day << " " << hour * 100 << " "
-           << (calm ? 0.0 : between(0.2, 2.2, numbers)) << " " << between(5.0, 10.0, numbers) << " "
-           << between(-40.0, 40.0, numbers) << "\n";
-    }
-    if (++day > days_of_month[month - 1]) {
-      ++month;
-      day = 1;
-    }
-  }
-  return file.str();
-}
 
 Coast wavy_coast() {
   Coast coast;
-  coast.DT = 24.0 / records_a_day;
-  coast.steps = days * records_a_day;
+  coast.DT = 24.0 / wave_records_a_day;
+  coast.steps = days * wave_records_a_day;
   for (int i = 1; i <= 60; ++i)
     coast.shoreline.push_back(50.0 + 10.0 * std::sin(2.0 * std::numbers::pi * i / 23.0));
-  coast.waves = changing_waves();
+  coast.waves = changing_waves(1997, days, 2.2);
   coast.keywords = {{"WAVEID", "60 20 " + std::to_string(coast.steps) + " waves.dat"},
                     {"SIMDATS", "19970101"},
                     {"K2", "0.38"},

@@ -7,8 +7,9 @@ from .cli import add_command
 DESCRIPTION = """\
 Reads a configuration as the model does, and tells what the model would not: unknown keywords, which count as
 comments, with the nearest known one; keywords hidden by a leading blank; values that are cut or overwritten;
-lists whose counts do not match, or that are left out; keywords that have no effect; files that do not exist or
-are too short; a wave file that ends before the run does. The program itself is not started.
+lists whose counts do not match, or that are left out; keywords that have no effect; fills, bypassing and dredging
+that do not act; inlets that lose sand; files that do not exist or are too short; a wave file that ends before the
+run does. The program itself is not started.
 
 Each line of the output begins with the file, the line and one of
 

@@ -78,8 +78,6 @@ class EffectChecks(Context):
         if step > 0 and interval > 0 and round(1000 * interval, 3) % round(1000 * step, 3):
             self.tell("error", self.last("DTSAVE"), f"DTSAVE {interval:g} is no multiple of DT {step:g}")
         self.check_print_dates()
-        for first, last in (("BFDATS", "BFDATE"), ("BPDATS", "BPDATE")):
-            self.check_event_dates(first, last)
 
     def check_print_dates(self):
         hours, step = self.hours, self.value("DT", "real", 0.0)
@@ -105,10 +103,3 @@ class EffectChecks(Context):
                     "vain, and the dates behind it with it",
                 )
             before = date
-
-    def check_event_dates(self, first_name: str, last_name: str):
-        for (line, first), (_, last) in zip(self.entries(first_name), self.entries(last_name)):
-            if last < first:
-                self.tell("warning", line, f"{last_name} {last} lies before {first_name} {first}")
-            elif first > LAST_STEP_NUMBER and self.end > LAST_STEP_NUMBER and (first >= self.end or last <= self.start):
-                self.tell("warning", line, f"{first_name} {first} to {last} does not lie within the run")

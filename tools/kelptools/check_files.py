@@ -7,6 +7,7 @@ from pathlib import Path
 from .check_context import Context, counted, is_number, item_texts
 from .configuration import Configuration, Line, free_format, parse_real, read_text, unquoted
 from .errors import KelpError
+from .structures import inlets_of
 from .wave_check import check_wave_file
 
 FILE_KEYWORDS = ("INIFILE", "REGFILE", "DXFILE", "BYPFILE")
@@ -49,12 +50,22 @@ class FileChecks(Context):
         stem = self.configuration.stem
         if stem.rpartition("/")[2].startswith(".") or "/" in name[len(stem) :]:
             self.tell("warning", where, f"PRFILE: the tables take their names up to its first full stop: {stem}slo")
-        outputs = {(self.folder / output).resolve() for output in [name, *(stem + table for table in TABLES)]}
+        inlets = [f"{inlet}.irv" for inlet in self.inlet_names()]
+        outputs = {(self.folder / output).resolve() for output in [name, *(stem + table for table in TABLES), *inlets]}
+        for table in sorted({one for one in inlets if inlets.count(one) > 1}):
+            text = f"several inlets have the table {table}: give each its own INLNAME"
+            self.tell("error", self.lines_of("IINLS")[0], text)
         inputs = [(line, self.decoded_name(line)) for key in FILE_KEYWORDS for line in self.lines_of(key)]
         inputs += [(wave.line, wave.name) for wave in self.wave_files()]
         for line, name in inputs:
             if name and (self.folder / name).resolve() in outputs:
                 self.tell("error", line, f"{line.keyword}: {name} would be overwritten by the report or a table")
+
+    def inlet_names(self) -> list[str]:
+        try:
+            return [name for _, name, _ in inlets_of(self.configuration)]
+        except KelpError:
+            return []  # told with the values
 
     def check_cell_files(self):
         wanted = ["INIFILE"]

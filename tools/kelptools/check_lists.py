@@ -18,7 +18,7 @@ LEFT_OUT = {
 # List keywords that a record can do without.
 OPTIONAL = {
     "PNDG", "PDG", "TRANDB", "KTMETDB", "HDB", "BDB", "SSDB", "SHSDB", "D50DB", "PDB", "INLNAME",
-    "IBYPL1", "IBYPL2", "IBYPR1", "IBYPR2", "JBCL", "JBCR",
+    "IBYPL1", "IBYPL2", "IBYPR1", "IBYPR2", "JBCL", "JBCR", "YINLL", "YINLR",
 }  # fmt: skip
 KEPT_FOR_LATER = "DRDAY"  # the days of the next DREDV; all others must stand behind their opener
 
@@ -160,6 +160,10 @@ class ListChecks(Context):
 
     def check_dredging(self):
         """A volume becomes a rate as soon as it is read, by the days and the step told by then."""
+        inlets = self.lines_of("IINLS")
+        for line in self.lines_of("DRDAY"):
+            if not inlets or line.number < inlets[0].number:
+                self.tell("error", line, "DRDAY stands before any IINLS line")
         for line in self.lines_of("DREDV"):
             for name in ("DRDAY", "DT"):
                 if not any(other.number < line.number for other in self.lines_of(name)):

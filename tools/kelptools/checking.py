@@ -6,6 +6,7 @@ from pathlib import Path
 
 from .check_context import Finding
 from .check_effects import EffectChecks
+from .check_events import EventChecks
 from .check_files import FileChecks
 from .check_lines import LineChecks
 from .check_lists import ListChecks
@@ -23,12 +24,13 @@ def findings(path, folder=None) -> list[Finding]:
     return Check(path, text, Path(folder) if folder else path.parent).run()
 
 
-class Check(LineChecks, ListChecks, StructureChecks, EffectChecks, FileChecks):
+class Check(LineChecks, ListChecks, StructureChecks, EventChecks, EffectChecks, FileChecks):
     def run(self) -> list[Finding]:
         for part in (
             self.check_lines, self.check_values, self.check_repeats, self.check_needed, self.check_spans,
             self.check_records, self.check_depths, self.check_transmission, self.check_stations,
-            self.check_effects, self.check_times, self.check_names, self.check_cell_files, self.check_waves,
+            self.check_events, self.check_effects, self.check_times, self.check_names, self.check_cell_files,
+            self.check_waves,
         ):  # fmt: skip
             part()
         order = ("error", "warning", "note")

@@ -6,7 +6,7 @@ import numpy as np
 
 from . import drawing as d
 from .errors import KelpError
-from .run import MEAN_RATE
+from .run import EQUILIBRIUM_VOLUMES, MEAN_RATE
 
 
 def need(data, *tables):
@@ -151,9 +151,60 @@ def volume_through_time(axis, data, volumes: np.ndarray, names=("Cells that gain
     d.legend_below(axis, -0.2)
 
 
+SHOALS = (  # what the table calls them, their name, colour and line
+    ("Ebb", "Ebb shoal", d.BLUE, "-"),
+    ("Flood", "Flood shoal", d.ORANGE, "-"),
+    ("L_Bypass", "Left bypass bar", d.GREEN, (0, (4, 2))),
+    ("R_Bypass", "Right bypass bar", d.GREEN, "-"),
+    ("L_Attach", "Left attachment bar", d.VERMILLION, (0, (4, 2))),
+    ("R_Attach", "Right attachment bar", d.VERMILLION, "-"),
+)
+PATHS = (
+    ("Right beach", ("Ebb", "R_Bypass", "R_Attach"), "-"),
+    ("Left beach", ("Ebb", "L_Bypass", "L_Attach"), (0, (4, 2))),
+)
+
+
+@d.styled
+def shoals_figure(data, structures, inlet: int = 0):
+    """Shoals and bars of an inlet through time; below, how much of the sand that comes onto the ebb shoal they
+    hand on to the beaches: each passes on the share that its volume has of its equilibrium volume."""
+    if "inlet" not in data or data.sizes["inlet_record"] == 0:
+        raise KelpError(f"{data.attrs['report']}: nothing to draw: the run has no inlet, or its table is empty")
+    one = data.isel(inlet=inlet)
+    moments, dated = d.time_values(data, "inlet_")
+    period = f"{d.period_text(data)}{unfinished(data)}"
+    figure, (shoals, share) = d.new_figure(
+        7.2, data.attrs["title"], f"Shoals of {one['inlet'].item()}, {period}", 2, [1.7, 1]
+    )
+    for column, name, color, line in SHOALS:
+        shoals.axhline(one[EQUILIBRIUM_VOLUMES[column]].item(), color=color, linewidth=0.8, zorder=2.2)
+        shoals.plot(moments, one[column].values, color=color, linestyle=line, linewidth=1.8, label=name)
+    shoals.plot([], [], color=d.GREY, linewidth=0.8, label="Equilibrium volumes")
+    drawn = [name for pair in EQUILIBRIUM_VOLUMES.items() for name in pair]
+    d.zero_in_view(shoals, np.concatenate([np.ravel(one[name].values) for name in drawn]))
+    shoals.set_ylabel(f"Volume ({d.unit_text(data, 'volume')})")
+    for name, path, line in PATHS:
+        ratios = [one[column].values / one[EQUILIBRIUM_VOLUMES[column]].item() for column in path]
+        share.plot(moments, np.prod(ratios, axis=0), color=d.BLACK, linestyle=line, linewidth=1.6, label=name)
+    d.zero_in_view(share, np.concatenate([[1.0], *(curve.get_ydata() for curve in share.lines)]))
+    share.set_title("Share of the sand coming onto the ebb shoal that is handed on to the beach")
+    share.set_ylabel("Share")
+    for axis in (shoals, share):
+        d.plain_y(axis)
+        if moments[0] < moments[-1]:
+            axis.set_xlim(moments[0], moments[-1])
+        d.label_time(axis, "x", dated)
+    shoals.set_xlabel("")
+    d.legend_below(shoals, -0.06)
+    d.legend_below(share, -0.2)
+    return figure
+
+
 PICTURES = {
     "shoreline": shoreline_figure,
     "change": change_figure,
     "transport": transport_figure,
     "volume": volume_figure,
+    "shoals": shoals_figure,
 }

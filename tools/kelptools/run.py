@@ -36,7 +36,7 @@ LONG_NAMES = {
 }
 INLET_NAMES = {
     "Qout": "transport from the {side} attachment bar to the beach",
-    "Qie": "transport from the {side} beach onto the ebb shoal, passing the channel",
+    "Qie": "transport onto the ebb shoal, passing the channel, of sand on its way to the {side}",
     "Attach": "volume of the {side} attachment bar",
     "Qba": "transport from the {side} bypass bar to the attachment bar",
     "Bypass": "volume of the {side} bypass bar",
@@ -46,6 +46,16 @@ INLET_NAMES = {
     "Flood": "volume of the flood shoal",
     "Qce": "share of the channel that goes to the ebb shoal",
 }
+# What each shoal's volume tends to, by its column in the table; one left out or 0 is nearly nothing to the program.
+EQUILIBRIUM_VOLUMES = {
+    "L_Attach": "VVSAQL",
+    "L_Bypass": "VVSBQL",
+    "Ebb": "VVSEQ",
+    "Flood": "VVSFQ",
+    "R_Bypass": "VVSBQR",
+    "R_Attach": "VVSAQR",
+}
+LEAST_EQUILIBRIUM = 0.00001
 SUM, MEAN_RATE = 0, 1
 
 
@@ -330,14 +340,15 @@ def _add_times(variables, coordinates, dimension, prefix, dates, interval, path)
 
 def _add_inlets(run: Run, variables, coordinates, volume):
     inlets = inlets_of(run.configuration)
-    tables = {}
-    for _, name, _ in inlets:
+    tables, places = {}, []
+    for number, name, _ in inlets:
         folders = (run.folder, run.report.parent)
         path = next((f / f"{name}.irv" for f in folders if (f / f"{name}.irv").is_file()), None)
         if path is None:
             warnings.warn(f"{run.folder / (name + '.irv')}: there is no such table", KelpWarning, 3)
         else:
             tables[name] = read_inlet_table(path)
+            places.append(number - 1)
     if not tables:
         return
     longest = max(tables.values(), key=lambda table: table.dates.size)
@@ -360,6 +371,13 @@ def _add_inlets(run: Run, variables, coordinates, volume):
             ("inlet", "inlet_record"),
             block[:, :, column],
             {"long_name": meaning, "units": f"{volume} year-1" if word.startswith("Q") else volume},
+        )
+    wanted = run.configuration.records("IINLS", dict.fromkeys(EQUILIBRIUM_VOLUMES.values(), "real"))
+    for name, keyword in EQUILIBRIUM_VOLUMES.items():
+        variables[keyword] = (
+            "inlet",
+            np.array([wanted[place][keyword] or LEAST_EQUILIBRIUM for place in places]),
+            {"long_name": f"equilibrium {variables[name][2]['long_name']}", "units": volume},
         )
 
 

@@ -127,7 +127,8 @@ TEST_F(list_keywords, an_item_before_its_opener_is_refused_by_both_names) {
       {"ISWEND: 5", "ISWBEG"}, {"ILEDGV2: 5", "ILEDGV1"}, {"ILEDGQ2: 5", "ILEDGQ1"},
       {"D50DB: 5", "KTMETDB"}, {"PDB: 5", "KTMETDB"},     {"INLNAME: North", "IINLS"},
       {"JBCL: 5", "IINLS"},    {"JBCR: 5", "IINLS"},      {"IMOR: 5", "IINLS"},
-      {"IDREDS: 5", "IINLS"},  {"IDREDE: 5", "IINLS"},    {"DREDV: 5", "IINLS"}};
+      {"IDREDS: 5", "IINLS"},  {"IDREDE: 5", "IINLS"},    {"DREDV: 5", "IINLS"},
+      {"DRDAY: 5", "IINLS"}};
   for (const auto& [line, opener] : cases) {
     read({}, {line});
     const std::string keyword = std::string(line).substr(0, std::string(line).find(':'));

@@ -57,10 +57,13 @@ TEST(step, a_step_without_a_record_due_allocates_nothing) {
   folder.write("tide.dat",
                "19970101 0 0.1\n19970101 100 0.2\n19970101 200 0.3\n19970101 300 -0.1\n"
                "19970101 400 0\n19970101 500 0.1\n");
-  folder.write("run.cfg", kelptest::basic_configuration({{"WAVEID", "20 20.0 6 waves.dat"},
-                                                         {"SIMDATE", "6"},
-                                                         {"DTSAVE", "100"},
-                                                         {"TIDEFILE", "20 6 tide.dat"}}));
+  folder.write("run.cfg", kelptest::basic_configuration(
+                              {{"WAVEID", "20 20.0 6 waves.dat"},
+                               {"SIMDATE", "6"},
+                               {"DTSAVE", "100"},
+                               {"TIDEFILE", "20 6 tide.dat"}},
+                              {"BFDATS: 1", "BFDATE: 6", "IBFS: 5", "IBFE: 8", "YADD: 10",
+                               "BPDATS: 1", "BPDATE: 6", "IBPS: 10", "IBPE: 14", "QBP: 30"}));
   const InFolder inside(folder.path());
   testing::internal::CaptureStdout();
   kelprun::Run run;

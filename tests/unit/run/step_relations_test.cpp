@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -172,6 +173,103 @@ TEST(step_relations, a_dated_fill_is_spread_over_the_steps_of_its_days_without_l
   EXPECT_EQ(m.events.YADD(1), 0.5f);
   EXPECT_EQ(m.events.YADD(2), 0.125f);
   EXPECT_EQ(m.events.YADD(3), 0.125f);
+}
+
+TEST(step_relations, the_days_of_a_fill_are_those_of_a_year_of_365_days_leap_year_or_not) {
+  Model m = with_steps(24.0f, 24.0f, 24.0f);
+  add_fill(m, 19960228, 19960301, 1.0f);    // 28 of February less 27: the 29th is not counted
+  add_fill(m, 19960228, 19960229, 1.0f);    // the 29th itself is a day after the 28th
+  add_fill(m, 19960229, 19960301, 3.0f);    // and no day before the 1st of March: 28 - 28
+  add_fill(m, 19960101, 19970101, 365.0f);  // a leap year
+  add_fill(m, 19960615, 20040615, 2920.0f);
+  accept(m);
+  EXPECT_EQ(m.events.YADD(1), 1.0f);
+  EXPECT_EQ(m.events.YADD(2), 1.0f);
+  EXPECT_EQ(m.events.YADD(3), std::numeric_limits<float>::infinity());
+  EXPECT_EQ(m.events.YADD(4), 1.0f);
+  EXPECT_EQ(m.events.YADD(5), 1.0f);
+}
+
+TEST(step_relations, months_count_backwards_where_a_fill_ends_in_an_earlier_one) {
+  Model m = with_steps(24.0f, 24.0f, 24.0f);
+  add_fill(m, 19971231, 19980101, 5.0f);    // 365 - 30 - 334
+  add_fill(m, 19971231, 19990101, 366.0f);  // the same and a year
+  add_fill(m, 19970330, 19980228, 335.0f);  // 365 - 2 - 28
+  accept(m);
+  EXPECT_EQ(m.events.YADD(1), 5.0f);
+  EXPECT_EQ(m.events.YADD(2), 1.0f);
+  EXPECT_EQ(m.events.YADD(3), 1.0f);
+}
+
+TEST(step_relations, a_fill_counts_in_days_or_steps_by_its_own_start_whatever_the_first_one_does) {
+  for (const bool steps_first : {true, false}) {
+    Model m = with_steps(3.0f, 3.0f, 3.0f);
+    if (steps_first) add_fill(m, 11, 20, 5.0f);
+    add_fill(m, 19970101, 19970111, 40.0f);
+    if (!steps_first) add_fill(m, 11, 20, 5.0f);
+    accept(m);
+    EXPECT_EQ(m.events.YADD(1), 0.5f);
+    EXPECT_EQ(m.events.YADD(2), 0.5f);
+  }
+}
+
+TEST(step_relations, eighteen_million_is_the_last_step_number_of_a_fill) {
+  Model m = with_steps(24.0f, 24.0f, 24.0f);
+  add_fill(m, 18000000, 18000003, 8.0f);  // four steps
+  add_fill(m, 18000001, 18000003, 8.0f);  // two days of month 0
+  accept(m);
+  EXPECT_EQ(m.events.YADD(1), 2.0f);
+  EXPECT_EQ(m.events.YADD(2), 4.0f);
+}
+
+TEST(step_relations, a_start_in_steps_lets_any_end_pass_and_a_dated_one_counts_days_to_any_end) {
+  Model m = with_steps(24.0f, 24.0f, 24.0f);
+  add_fill(m, 5, 19971399, 19971395.0f);
+  add_fill(m, 19970101, 20, 728886.0f);  // day 20 of month and year 0: -1997 years and 19 days
+  accept(m);
+  EXPECT_EQ(m.events.YADD(1), 1.0f);
+  EXPECT_EQ(m.events.YADD(2), -1.0f);
+}
+
+TEST(step_relations, a_fill_that_ends_before_it_starts_gets_an_amount_of_the_other_sign) {
+  Model m = with_steps(24.0f, 24.0f, 24.0f);
+  add_fill(m, 19970111, 19970101, 10.0f);
+  add_fill(m, 19980301, 19970301, -365.0f);
+  add_fill(m, 20, 11, 16.0f);  // 11 - 20 + 1
+  accept(m);
+  EXPECT_EQ(m.events.YADD(1), -1.0f);
+  EXPECT_EQ(m.events.YADD(2), 1.0f);
+  EXPECT_EQ(m.events.YADD(3), -2.0f);
+}
+
+TEST(step_relations, a_fill_of_no_days_or_of_minus_one_step_gets_an_infinite_amount) {
+  constexpr float INFINITE = std::numeric_limits<float>::infinity();
+  Model m = with_steps(24.0f, 24.0f, 24.0f);
+  add_fill(m, 19970101, 19970101, 10.0f);
+  add_fill(m, 19970101, 19970101, -10.0f);
+  add_fill(m, 6, 5, 10.0f);
+  add_fill(m, 5, 5, 10.0f);
+  accept(m);
+  EXPECT_EQ(m.events.YADD(1), INFINITE);
+  EXPECT_EQ(m.events.YADD(2), -INFINITE);
+  EXPECT_EQ(m.events.YADD(3), INFINITE);
+  EXPECT_EQ(m.events.YADD(4), 10.0f) << "one step takes all of it";
+}
+
+TEST(step_relations, the_steps_of_a_fill_are_a_single_precision_product) {
+  Model m = with_steps(0.7f, 0.7f, 0.7f);
+  add_fill(m, 19970101, 19970112, 10.0f);
+  accept(m);
+  EXPECT_EQ(m.events.YADD(1), 10.0f / (11.0f * (24.0f / 0.7f)));
+}
+
+TEST(step_relations, month_12_and_day_31_pass_as_the_last_month_and_day_0_as_the_first) {
+  Model m = with_steps(24.0f, 24.0f, 24.0f);
+  add_fill(m, 19971231, 19980231, 62.0f);  // 365 less the 303 days of February to November
+  add_fill(m, 19970000, 19970100, 1.0f);   // month 0 has no days
+  accept(m);
+  EXPECT_EQ(m.events.YADD(1), 1.0f);
+  EXPECT_EQ(m.events.YADD(2), std::numeric_limits<float>::infinity());
 }
 
 TEST(step_relations, a_fill_in_month_13_or_on_day_32_is_refused) {
