@@ -5,6 +5,7 @@
 #include <array>
 
 #include "support/program.h"
+#include "unit/run/in_process.h"
 #include "unit/run/small_model.h"
 #include "unit/text/stops.h"
 
@@ -72,6 +73,7 @@ Model year_of_two_cells(float gross) {
 struct Closed {
   kelptest::Table mqn, mql, mqr;
   std::string console;
+  std::vector<std::string> report;
 };
 
 Closed close(Model& m) {
@@ -79,7 +81,9 @@ Closed close(Model& m) {
   Tables tables;
   tables.open((folder.path() / "run.").string(), 2);
   Closed closed;
-  closed.console = kelptest::listen([&] { close_year(m, tables); }).out;
+  kelptest::ReadableReport readable;
+  closed.console = kelptest::listen([&] { close_year(m, tables, readable.report); }).out;
+  closed.report = readable.lines();
   tables.close();
   closed.mqn = kelptest::read_table(folder.read("run.mqn"), 16);
   closed.mql = kelptest::read_table(folder.read("run.mql"), 16);
