@@ -128,7 +128,7 @@ TEST_F(InletTablesTest, are_named_by_the_inlet_without_the_blanks_at_its_ends_or
 }
 
 TEST_F(InletTablesTest, replace_what_an_earlier_run_left) {
-  folder.write("Inlet1.irv", std::string(10000, 'x') + "\n");
+  folder.write("Inlet1.irv", std::string(10000, 'x'));
   tables.open(m.inlets);
   EXPECT_EQ(lines("Inlet1.irv").size(), 2u);
 }
