@@ -185,18 +185,19 @@ void expand_values(Reading& r) {
   expand_spans(r.DCLOS, NX, 1.0f, m.profile.DCLOSCELL, r.report);
 }
 
-/// Characters 2 and 3 of a unit text such as "(ft)"; the parentheses are part of the value. The
-/// text itself is folded to lower case: the report prints it so.
 enum class LengthUnit { feet, metres, unknown };
-LengthUnit length_unit(std::string& text) {
-  text = lower_case(left_justified(text));
-  text.resize(capacity::UNIT_TEXT, ' ');
-  if (text.substr(1, 2) == "ft") return LengthUnit::feet;
-  if (text[1] == 'm') return LengthUnit::metres;
+
+/// Characters 2 and 3 of a unit text such as "(ft)"; the parentheses are part of the value.
+LengthUnit length_unit(std::string_view text) {
+  if (text.size() > 1 && cut(text.substr(1), 2) == "ft") return LengthUnit::feet;
+  if (text.size() > 1 && text[1] == 'm') return LengthUnit::metres;
   return LengthUnit::unknown;
 }
 
+/// The unit texts are kept folded, as the report prints them.
 void take_units(Settings& settings) {
+  for (std::string* text : {&settings.KELUNITS, &settings.WAVUNITS})
+    *text = lower_case(left_justified(*text));
   switch (length_unit(settings.KELUNITS)) {
     case LengthUnit::feet:
       settings.IUNITS = 2;

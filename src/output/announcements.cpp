@@ -51,7 +51,7 @@ void report_date(const Clock& clock, Report& report) {
 
 void announce_bad_angles(std::int32_t NBADANG, Report& report) {
   if (NBADANG == 0) return;
-  // Console and report differ in their blanks, and always have.
+  // Console and report differ in their blanks, and are meant to.
   console_line("WARNING: Wave Angle is greater than 90 deg         or less than -90 deg.");
   console_line("Number of Occurrences : ", NBADANG);
   report.line("WARNING: Wave Angle is greater than 90 deg   or less than -90 deg.");

@@ -21,7 +21,7 @@ Units units_of(const Settings& s, const Clock& c) {
   return {s.CONVYD3, static_cast<float>(c.NDAYS) / 365.0f * s.CONVYD3, "(" + s.VOLUME_LABEL};
 }
 
-/// Cells of one range.
+/// Cells, or walls, `first` to `last`; none where `last` lies below `first`.
 struct Range {
   std::int32_t first;
   std::int32_t last;
@@ -41,7 +41,7 @@ void write_pair(std::string_view volume, std::string_view rate, double sum, cons
   report.record("");
 }
 
-// The missing colon and the unmatched parentheses of some of these words are the block's own.
+// The missing colon and the unmatched parentheses of some of these words are meant to be there.
 
 void write_cell_volumes(const Ledgers& l, Range cells, const Units& u, Report& report) {
   constexpr auto LEAST_SHOWN = static_cast<double>(0.01f);
@@ -155,7 +155,7 @@ void write_arrow(const Model& m, std::int32_t n, const Units& u, Report& report)
   report.line("        ENDING   GRID CELL-WALL:   ", walls.last);
   write_wall(m.ledgers, walls.first, "        VOLUME TO LEFT  " + u.label + "):            ", u,
              report);
-  // The blanks of the second wall differ from those of the first, and always have.
+  // The blanks of the second wall differ from those of the first, and are meant to.
   write_wall(m.ledgers, walls.last, "        VOLUME TO LEFT " + u.label + "):      ", u, report);
   for (std::int32_t k = 1; k <= m.inlets.NINL; ++k)
     for (const std::int32_t wall : {walls.first, walls.last}) {

@@ -7,7 +7,7 @@
 namespace kelprun {
 
 /// Mean, largest and smallest transmission coefficient of each breakwater over the run, for the end
-/// of the report. Nothing where the coefficients are given or the result blocks are not wanted.
+/// of the report. Nothing where the coefficients are given.
 void report_transmission(const Settings& settings, const Breakwaters& breakwaters, Report& report);
 
 }  // namespace kelprun

@@ -5,8 +5,8 @@
 
 namespace kelprun {
 
-/// Breaking wave heights, in the model's length unit, and angles, in degrees, at all walls in the
-/// last time step.
+/// Breaking wave heights, in the length unit of the configuration, and angles, in degrees, at all
+/// walls in the last time step.
 void report_last_waves(const Settings& settings, const Grid& grid, const Waves& waves,
                        Report& report);
 

@@ -1,6 +1,6 @@
 #include "run/year_block.h"
 
-#include <algorithm>
+#include <array>
 
 #include "output/announcements.h"
 #include "output/report_layout.h"
@@ -12,8 +12,21 @@ namespace {
 
 constexpr float SCALE = 0.001f;
 
+std::array<PerWall<float>*, 4> year_sums(Ledgers& l) {
+  return {&l.QNETYR, &l.QLEFTYR, &l.QRIGHTYR, &l.QGROSSYR};
+}
+
+/// A volume that is not a number does not hide those of the other walls.
 float largest_gross(const Ledgers& l) {
-  return std::max(0.0f, *std::max_element(l.QGROSSYR.begin(), l.QGROSSYR.end()));
+  float largest = 0.0f;
+  for (const float volume : l.QGROSSYR)
+    if (volume > largest) largest = volume;
+  return largest;
+}
+
+void scale_year_sums(Ledgers& l) {
+  for (PerWall<float>* sums : year_sums(l))
+    for (float& sum : *sums) sum *= SCALE;
 }
 
 }  // namespace
@@ -35,13 +48,11 @@ void close_year(Model& m, Tables& tables, Report& report) {
   l.QMAX = largest_gross(l);
   // The report shows thousands above a limit; the tables get full units back from them.
   const bool scaled = in_thousands(l.QMAX);
-  for (PerWall<float>* sums : {&l.QNETYR, &l.QLEFTYR, &l.QRIGHTYR, &l.QGROSSYR})
-    if (scaled)
-      for (float& sum : *sums) sum *= SCALE;
+  if (scaled) scale_year_sums(l);
   if (m.settings.PRTOUT) report_year_volumes(m, report);
   tables.write_year_sums(l, m.clock.NEXTDATE, scaled ? 1000.0f : 1.0f);
   m.clock.FROMDATE = m.clock.NEXTDATE;
-  for (PerWall<float>* sums : {&l.QNETYR, &l.QLEFTYR, &l.QRIGHTYR, &l.QGROSSYR}) sums->fill(0.0f);
+  for (PerWall<float>* sums : year_sums(l)) sums->fill(0.0f);
 }
 
 }  // namespace kelprun

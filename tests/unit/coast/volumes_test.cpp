@@ -22,6 +22,7 @@ TEST(volumes, a_cells_volume_is_its_width_times_its_height_times_its_advance) {
   EXPECT_EQ(m.ledgers.VOLLEN(1), 4.0f);
   EXPECT_EQ(m.ledgers.VOLLEN(2), -16.0f);
   EXPECT_EQ(m.ledgers.VOLTOTAL, -400.0f);
+  EXPECT_EQ(m.ledgers.AREATOTAL, -50.0f);
 }
 
 TEST(volumes, a_change_of_nine_hundredths_of_a_millimetre_counts_as_none) {
@@ -33,6 +34,25 @@ TEST(volumes, a_change_of_nine_hundredths_of_a_millimetre_counts_as_none) {
   EXPECT_EQ(m.ledgers.VOLCELL(2), 0.0f);
   EXPECT_FLOAT_EQ(m.ledgers.VOLCELL(3), 0.08f) << "the limit itself is a change";
   EXPECT_EQ(m.ledgers.VOLCELL(4), 0.0f);
+}
+
+TEST(volumes, the_area_leaves_out_what_counts_as_no_change_and_knows_no_heights) {
+  Model m = kelptest::small_model(3);
+  kelptest::put(m.profile.DCLOSCELL, std::array{3.0f, 5.0f, 9.0f});
+  kelptest::put(m.shore.Y, std::array{0.00009, 2.0, 0.5});
+  VOLSTEP(m.grid, m.profile, m.shore, m.ledgers);
+  EXPECT_EQ(m.ledgers.AREATOTAL, 250.0f);
+  VOLSTEP(m.grid, m.profile, m.shore, m.ledgers);
+  EXPECT_EQ(m.ledgers.AREATOTAL, 250.0f) << "it is summed anew";
+}
+
+TEST(volumes, the_area_is_summed_in_single_precision) {
+  // 2^24 m2 and 1 m2 are one step apart where single precision knows even numbers alone.
+  Model m = kelptest::small_model(4);
+  kelptest::put(m.grid.DX, std::array{128.0f, 1.0f, 1.0f, 2.0f});
+  kelptest::put(m.shore.Y, std::array{131072.0, 1.0, 1.0, 1.0});
+  VOLSTEP(m.grid, m.profile, m.shore, m.ledgers);
+  EXPECT_EQ(m.ledgers.AREATOTAL, 16777218.0f);
 }
 
 TEST(volumes, are_rounded_where_the_single_precision_fields_meet_the_shoreline) {
@@ -47,6 +67,7 @@ TEST(volumes, are_rounded_where_the_single_precision_fields_meet_the_shoreline) 
   }
   VOLSTEP(m.grid, m.profile, m.shore, m.ledgers);
   float total = 0.0f;
+  float area_total = 0.0f;
   for (std::int32_t i = 1; i <= 100; ++i) {
     const double change = m.shore.Y(i) - m.shore.YSTART(i);
     const auto area = static_cast<float>(static_cast<double>(m.grid.DX(i)) * change);
@@ -54,8 +75,10 @@ TEST(volumes, are_rounded_where_the_single_precision_fields_meet_the_shoreline) 
     EXPECT_EQ(m.ledgers.VOLCELL(i), V);
     EXPECT_EQ(m.ledgers.VOLLEN(i), V / m.grid.DX(i));
     total += V;
+    area_total += area;
   }
   EXPECT_EQ(m.ledgers.VOLTOTAL, total);
+  EXPECT_EQ(m.ledgers.AREATOTAL, area_total);
 }
 
 TEST(transport_ledger, adds_the_volumes_of_a_step_to_the_year_and_to_the_run) {

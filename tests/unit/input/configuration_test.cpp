@@ -206,18 +206,21 @@ TEST_F(configuration, units_without_their_parenthesis_are_refused) {
   }
 }
 
+TEST_F(configuration, unit_texts_are_kept_in_small_letters_as_the_report_prints_them) {
+  read({{"KELUNITS", "(FT)"}, {"WAVUNITS", "   (M)"}});
+  expect_accepted();
+  EXPECT_EQ(model().settings.KELUNITS, "(ft)");
+  EXPECT_EQ(model().settings.WAVUNITS, "(m)");
+  read({{"KELUNITS", "(Meters)"}, {"WAVUNITS", "(Ft)"}});
+  EXPECT_EQ(model().settings.KELUNITS, "(meter") << "six characters are kept";
+  EXPECT_EQ(model().settings.WAVUNITS, "(ft)");
+}
+
 TEST_F(configuration, wave_heights_have_a_unit_of_their_own) {
   read({{"KELUNITS", "(ft)"}, {"WAVUNITS", "(m)"}});
   EXPECT_EQ(model().settings.WAVCONV, 1.0f);
   read({{"KELUNITS", "(m)"}, {"WAVUNITS", "(ft)"}});
   EXPECT_EQ(model().settings.WAVCONV, 0.3048f);
-}
-
-TEST_F(configuration, unit_texts_are_folded_for_the_report) {
-  read({{"KELUNITS", "(FT)"}, {"WAVUNITS", "(Metres)"}});
-  expect_accepted();
-  EXPECT_EQ(model().settings.KELUNITS, "(ft)  ");
-  EXPECT_EQ(model().settings.WAVUNITS, "(metre");
 }
 
 TEST_F(configuration, silence_on_units_means_feet_and_waves_in_metres) {

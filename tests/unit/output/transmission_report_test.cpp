@@ -65,10 +65,5 @@ TEST_F(transmission_report, given_coefficients_have_no_statistics) {
   EXPECT_TRUE(lines().empty());
 }
 
-TEST_F(transmission_report, is_a_result_block_that_can_be_switched_off) {
-  settings.PRTOUT = false;
-  EXPECT_TRUE(lines().empty());
-}
-
 }  // namespace
 }  // namespace kelprun

@@ -1,21 +1,28 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
+#include <string>
+#include <vector>
 
 #include "run/run.h"
 #include "support/program.h"
-#include "unit/run/small_model.h"
+#include "unit/output/report_case.h"
 #include "unit/text/stops.h"
 
 namespace kelprun {
 namespace {
 
+using Lines = std::vector<std::string>;
+
 /// A run of two cells that stands behind its last step.
 class FinishTest : public testing::Test {
  protected:
   FinishTest() {
-    run.model = kelptest::small_model(2);
+    run.model = kelptest::coast_in_metres(2);
     run.tables.open((folder_.path() / "run.").string(), 2);
+    run.report.open((folder_.path() / "run.prt").string());
+    run.report.begin();
     Clock& c = run.model.clock;
     c.SPD = 8.0f;
     c.NTS = 1000;
@@ -30,6 +37,7 @@ class FinishTest : public testing::Test {
   kelptest::Said finish() {
     return kelptest::listen([&] { status = kelprun::finish(run); });
   }
+  Lines report() { return kelptest::lines(folder_.read("run.prt")); }
   kelptest::Table table(const std::string& suffix, int width) {
     return kelptest::read_table(folder_.read("run." + suffix), width);
   }
@@ -81,6 +89,107 @@ TEST_F(FinishTest, a_run_stopped_before_its_last_step_writes_no_last_state_but_i
   EXPECT_EQ(table("mqn", 16).rows.size(), 1u);
   EXPECT_NE(said.out.find(" Model run completed\n"), std::string::npos);
   EXPECT_EQ(status, 0);
+}
+
+TEST_F(FinishTest, a_run_stopped_in_its_last_step_writes_no_last_state_either) {
+  run.model.clock.STOPPED = true;
+  finish();
+  EXPECT_TRUE(table("slo", 14).rows.empty());
+}
+
+/// What makes every closing block appear.
+void fill_every_block(Model& m) {
+  m.undiffracted.steps = 1;
+  m.settings.KTMETFLAG = 1;
+  m.breakwaters.NDB = 1;
+  for (auto* values : {&m.breakwaters.kt.KTSUM, &m.breakwaters.kt.KTMAX, &m.breakwaters.kt.KTMIN})
+    *values = kelptest::list(std::array{0.5f});
+  m.waves.NBADANG = 3;
+  m.budget.NLEDGV = 1;
+  m.budget.ILEDGV1 = kelptest::list(std::array{1});
+  m.budget.ILEDGV2 = kelptest::list(std::array{2});
+  m.clock.NDAYS = 365;
+}
+
+/// The first words of the titles that each block of the closing begins with, in their order.
+const std::vector<std::string> BLOCKS{"  MEAN NET ANNUAL TRANSPORT ",
+                                      "  MEAN ANNUAL TRANSPORT TO THE LEFT ",
+                                      "  MEAN ANNUAL TRANSPORT TO THE RIGHT ",
+                                      " OUTPUT LAST TIMESTEP NO. 1000 DATE IS 19970506",
+                                      "  OFFSHORE WAVE DATA INPUT:",
+                                      "   HZ = ",
+                                      "  OUTPUT OF UNDIFFRACTED BREAKING WAVE STATISITCS",
+                                      " LONGSHORE TRANSPORT FOR LAST TIME STEP *100 ",
+                                      "  CALCULATED FINAL SHORELINE POSITION (M)",
+                                      "  CALCULATED SEAWARDMOST SHORELINE POSITION (M)",
+                                      "  CALCULATED LANDWARDMOST SHORELINE POSITION (M)",
+                                      "  CALCULATED REPRESENTATIVE OFFSHORE CONTOUR POSITION (M)",
+                                      "  DETACHED BREAKWATER KT STATISTICS: ",
+                                      " WARNING: Wave Angle is greater than 90 deg   or less than",
+                                      " Number of Occurrences : 3",
+                                      "  CALCULATED VOLUME CHANGE (M3 PER GRID CELL) ",
+                                      "  CALCULATED VOLUME CHANGE (M3 PER LINEAR M) ",
+                                      " *                         LEDG OUTPUT ",
+                                      "  LEDG CELL 1",
+                                      " CALCULATED TOTAL VOLUMETRIC CHANGE = ",
+                                      "  SIGN CONVENTION:  EROSION (-), ACCRETION (+)"};
+
+TEST_F(FinishTest, the_closing_blocks_follow_each_other_in_their_order) {
+  fill_every_block(run.model);
+  finish();
+  std::size_t next = 0;
+  const Lines lines = report();
+  for (const std::string& line : lines)
+    if (next < BLOCKS.size() && line.starts_with(BLOCKS[next])) ++next;
+  EXPECT_EQ(next, BLOCKS.size()) << "missing or out of its place: " << BLOCKS[next];
+  EXPECT_EQ(lines.front(), "  MEAN NET ANNUAL TRANSPORT (M3/1000) ");
+  EXPECT_EQ(lines.back(), BLOCKS.back());
+}
+
+TEST_F(FinishTest, a_stop_is_told_ahead_of_all_closing_blocks) {
+  run.model.clock.ITS = 437;
+  run.model.clock.STOPPED = true;
+  finish();
+  const Lines lines = report();
+  EXPECT_EQ(lines[0], "  EXECUTION STOPPED DURING TIME STEP 437");
+  EXPECT_EQ(lines[1], "  MEAN NET ANNUAL TRANSPORT (M3/1000) ");
+}
+
+TEST_F(FinishTest, without_result_blocks_the_report_keeps_its_error_line_and_warnings) {
+  fill_every_block(run.model);
+  run.model.settings.PRTOUT = false;
+  run.model.clock.STOPPED = true;
+  const kelptest::Said said = finish();
+  EXPECT_EQ(report(), (Lines{"  EXECUTION STOPPED DURING TIME STEP 1000",
+                             " WARNING: Wave Angle is greater than 90 deg   or less than -90 deg.",
+                             " Number of Occurrences : 3"}));
+  EXPECT_EQ(said.out,
+            " WARNING: Wave Angle is greater than 90 deg         or less than -90 deg.\n"
+            " Number of Occurrences : 3\n"
+            " <<<Simulation finished>>>\n Model run completed\n");
+  EXPECT_EQ(table("mqn", 16).rows.size(), 1u);
+}
+
+TEST_F(FinishTest, without_result_blocks_the_last_state_still_goes_to_the_tables) {
+  run.model.settings.PRTOUT = false;
+  finish();
+  EXPECT_TRUE(report().empty());
+  EXPECT_EQ(table("slo", 14).rows.size(), 1u);
+  EXPECT_EQ(table("mqr", 16).rows.front(), (std::vector<double>{17532, 22366, 0}));
+}
+
+TEST_F(FinishTest, volume_changes_are_computed_once_more_behind_the_last_row) {
+  // Fills and movements of a step that was stopped on its way are in the shoreline alone.
+  kelptest::put(run.model.shore.Y, std::array{0.5, -0.25});
+  run.model.ledgers.VOLCELL.fill(77.0f);
+  finish();
+  EXPECT_EQ(table("vcc", 14).rows.front(), (std::vector<double>{77, 77}));
+  const Lines lines = report();
+  const auto title =
+      std::find(lines.begin(), lines.end(), "  CALCULATED VOLUME CHANGE (M3 PER GRID CELL) ");
+  ASSERT_GE(lines.end() - title, 2);
+  EXPECT_EQ(title[1], "     400.00    -200.00");
+  EXPECT_EQ(lines[lines.size() - 2], " CALCULATED TOTAL VOLUMETRIC CHANGE = 200. (M3)");
 }
 
 TEST_F(FinishTest, the_console_ends_with_two_lines) {

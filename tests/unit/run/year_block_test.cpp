@@ -3,8 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cmath>
+#include <limits>
 
 #include "support/program.h"
+#include "unit/output/report_case.h"
 #include "unit/run/in_process.h"
 #include "unit/run/small_model.h"
 #include "unit/text/stops.h"
@@ -56,7 +59,8 @@ TEST(year_end, a_start_date_of_zero_has_no_anniversary) {
 
 /// Two cells that have moved, and transports of a year.
 Model year_of_two_cells(float gross) {
-  Model m = kelptest::small_model(2);
+  Model m = kelptest::coast_in_metres(2);
+  m.clock.FROMDATE = 19970101;
   m.clock.NEXTDATE = 19980102;
   m.clock.SIMDATS = 19970101;
   m.clock.ITS = 365;
@@ -125,6 +129,95 @@ TEST(year_block, thousands_begin_above_a_gross_volume_of_100000) {
     const Closed closed = close(m);
     EXPECT_EQ(closed.mqn.rows.front()[2], static_cast<double>(above ? through : sum));
   }
+}
+
+/// What stands under a title of the report.
+std::string under(const std::vector<std::string>& report, const std::string& title) {
+  for (std::size_t k = 0; k + 1 < report.size(); ++k)
+    if (report[k] == title) return report[k + 1];
+  return "no such title";
+}
+
+TEST(year_block, the_report_shows_full_units_at_a_gross_volume_of_100000) {
+  Model m = year_of_two_cells(100000.0f);
+  const Closed closed = close(m);
+  EXPECT_EQ(under(closed.report, "  GROSS TRANSPORT VOLUME (M3) FROM 19970101 TO 19980102"),
+            "       5.00  100000.00       1.00");
+  EXPECT_EQ(under(closed.report, "  NET TRANSPORT VOLUME (M3) FROM 19970101 TO 19980102"),
+            "       1.00  -80000.00   64123.00");
+  EXPECT_EQ(under(closed.report, "  TRANSPORT VOLUME TO THE LEFT (M3) FROM 19970101 TO 19980102"),
+            "      -2.00  -90000.00       0.00");
+  EXPECT_EQ(under(closed.report, "  TRANSPORT VOLUME TO THE RIGHT (M3) FROM 19970101 TO 19980102"),
+            "       3.00   10000.00   64123.00");
+}
+
+TEST(year_block, the_report_shows_thousands_above_it) {
+  Model m = year_of_two_cells(std::nextafter(100000.0f, 2e5f));
+  const Closed closed = close(m);
+  EXPECT_EQ(under(closed.report, "  GROSS TRANSPORT VOLUME (M3/1000) FROM 19970101 TO 19980102"),
+            "       0.01     100.00       0.00")
+      << "5 times the single-precision 0.001 lies just above 0.005";
+  EXPECT_EQ(under(closed.report, "  NET TRANSPORT VOLUME (M3/1000) FROM 19970101 TO 19980102"),
+            "       0.00     -80.00      64.12");
+  EXPECT_EQ(
+      under(closed.report, "  TRANSPORT VOLUME TO THE LEFT (M3/1000) FROM 19970101 TO 19980102"),
+      "      -0.00     -90.00       0.00");
+  EXPECT_EQ(
+      under(closed.report, "  TRANSPORT VOLUME TO THE RIGHT (M3/1000) FROM 19970101 TO 19980102"),
+      "       0.00      10.00      64.12");
+}
+
+TEST(year_block, a_volume_that_is_no_number_does_not_hide_the_other_walls) {
+  Model m = year_of_two_cells(250000.0f);
+  m.ledgers.QGROSSYR(1) = std::numeric_limits<float>::quiet_NaN();
+  close(m);
+  EXPECT_EQ(m.ledgers.QMAX, 250000.0f);
+  m.ledgers.QGROSSYR(3) = std::numeric_limits<float>::quiet_NaN();
+  close(m);
+  EXPECT_EQ(m.ledgers.QMAX, 0.0f) << "no wall with a volume is left";
+}
+
+TEST(year_block, the_largest_gross_volume_is_not_below_zero) {
+  Model m = year_of_two_cells(-3.0f);
+  m.ledgers.QGROSSYR.fill(-3.0f);
+  close(m);
+  EXPECT_EQ(m.ledgers.QMAX, 0.0f);
+}
+
+TEST(year_block, the_next_one_counts_from_this_ones_date) {
+  Model m = year_of_two_cells(1.0f);
+  close(m);
+  EXPECT_EQ(m.clock.FROMDATE, 19980102);
+  m.clock.NEXTDATE = 19990102;
+  const Closed closed = close(m);
+  EXPECT_EQ(under(closed.report, "  GROSS TRANSPORT VOLUME (M3) FROM 19980102 TO 19990102"),
+            "       0.00       0.00       0.00");
+}
+
+TEST(year_block, the_report_takes_shoreline_waves_and_volumes_in_this_order) {
+  Model m = year_of_two_cells(1.0f);
+  std::vector<std::string> titles;
+  for (const std::string& line : close(m).report)
+    if (line.find_first_of("ABCDEFGHIJKLMNOPQRSTUVWXYZ*") != std::string::npos)
+      titles.push_back(line.substr(0, 21));
+  EXPECT_EQ(titles, (std::vector<std::string>{
+                        " SHORELINE POSITION (", " SHORELINE CHANGE (m)", " BREAKING WAVE ANGLE ",
+                        " OFFSHORE WAVE ANGLE ", " BREAKING WAVE HEIGHT", " OFFSHORE WAVE HEIGHT",
+                        " ********************", "  GROSS TRANSPORT VOL", "  NET TRANSPORT VOLUM",
+                        "  TRANSPORT VOLUME TO", "  TRANSPORT VOLUME TO"}));
+}
+
+TEST(year_block, without_result_blocks_console_tables_and_the_largest_volume_go_on) {
+  Model m = year_of_two_cells(250000.0f);
+  m.settings.PRTOUT = false;
+  const Closed closed = close(m);
+  EXPECT_TRUE(closed.report.empty());
+  EXPECT_EQ(kelptest::lines(closed.console).size(), 9u);
+  EXPECT_EQ(closed.mqn.rows.front(), (Row{1, -80000, 64123}));
+  EXPECT_EQ(closed.mqr.rows.front(), (Row{3, 10000, 64123}));
+  EXPECT_EQ(m.ledgers.QMAX, 250000.0f);
+  EXPECT_EQ(m.clock.FROMDATE, 19980102);
+  EXPECT_EQ(m.ledgers.QNETYR(2), 0.0f);
 }
 
 TEST(year_block, begins_the_year_sums_again_and_leaves_those_of_the_run) {
