@@ -279,8 +279,9 @@ TEST_P(report_budget, arrows_at_the_mouths_split_what_the_inlet_takes_and_gives_
 //                                         + FILL + EXCAVATION + SOURCE + SINK
 //
 // and INTO - FROM is INLET VOLUME CHANGE less DREDGED PLACEMENT and REMOVAL, which leave the beach
-// alone. Each ledger rounds once a step, by at most half of its last place, and a cell that has
-// moved by less than 0.1 mm counts as one that has not.
+// alone. Each ledger rounds once a step, by at most half of the last place of what it holds, which
+// is half of what it ends with in the mean of the run. A cell that has moved by less than 0.1 mm
+// counts as one that has not.
 TEST(report_budget_of_a_whole_coast, closes) {
   constexpr int NX = 30;
   constexpr double rounding = 1.0 / (1 << 24);
