@@ -185,10 +185,11 @@ void expand_values(Reading& r) {
   expand_spans(r.DCLOS, NX, 1.0f, m.profile.DCLOSCELL, r.report);
 }
 
-/// Characters 2 and 3 of a unit text such as "(ft)"; the parentheses are part of the value.
+/// Characters 2 and 3 of a unit text such as "(ft)"; the parentheses are part of the value. The
+/// text itself is folded to lower case: the report prints it so.
 enum class LengthUnit { feet, metres, unknown };
-LengthUnit length_unit(std::string_view value) {
-  std::string text = lower_case(left_justified(value));
+LengthUnit length_unit(std::string& text) {
+  text = lower_case(left_justified(text));
   text.resize(capacity::UNIT_TEXT, ' ');
   if (text.substr(1, 2) == "ft") return LengthUnit::feet;
   if (text[1] == 'm') return LengthUnit::metres;

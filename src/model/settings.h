@@ -10,15 +10,15 @@ namespace kelprun {
 /// What the configuration says of the run as a whole. Written by input/, read-only afterwards but
 /// for ISMOOTH, which the contour lowers to an odd number.
 struct Settings {
-  std::string TITLE;    ///< run title, at most 64 characters
-  std::string SHOIN;    ///< initial shoreline file (INIFILE)
-  std::string REGFILE;  ///< regional contour file
-  std::string DXIN;     ///< variable cell width file (DXFILE)
-  std::string PRTFILE;  ///< printable report (PRFILE)
-  std::string STEM;     ///< stem of the result table names
-  std::string BYPFILE;  ///< named and opened, never read
-  std::string KELUNITS = "(ft)";
-  std::string WAVUNITS = "(m)";
+  std::string TITLE;              ///< run title, at most 64 characters
+  std::string SHOIN;              ///< initial shoreline file (INIFILE)
+  std::string REGFILE;            ///< regional contour file
+  std::string DXIN;               ///< variable cell width file (DXFILE)
+  std::string PRTFILE;            ///< printable report (PRFILE)
+  std::string STEM;               ///< stem of the result table names
+  std::string BYPFILE;            ///< named and opened, never read
+  std::string KELUNITS = "(ft)";  ///< lower case in 6 characters once read
+  std::string WAVUNITS = "(m)";   ///< likewise
 
   std::int32_t IUNITS = 0;   ///< 1 metres, 2 feet
   std::string VOLUME_LABEL;  ///< "M3" or "CY"

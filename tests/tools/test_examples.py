@@ -168,6 +168,40 @@ def test_the_sand_of_the_inlet_is_beach_or_shoal_or_dredged(change):
     assert abs(beach + kept + 600000 - came_in) < 0.05 * (kept + 600000 + handed_on)
 
 
+def test_the_budget_of_the_report_is_that_of_the_tables_and_of_the_readme(change):
+    folder, moved = change("inlet")
+    report = (folder / "inlet.prt").read_text()
+    block = report[report.index("LEDG OUTPUT") : report.index("TOTAL VOLUMETRIC")]
+    budget = [line.strip() for line in block.splitlines()]
+    said = lambda words: [float(line.split()[-1]) for line in budget if line.startswith(words)]
+
+    beach, south = said("VOLUME CHANGE")
+    metres = 150 * HEIGHT
+    assert beach == pytest.approx(moved[81:126].sum() * metres, abs=45 * 0.01 * metres)
+    assert south == pytest.approx(moved[126:201].sum() * metres, abs=75 * 0.01 * metres)
+    (came,), (given,) = said("VOLUME TRANSPORTED INTO"), said("VOLUME TRANSPORTED FROM")
+    (dredged,) = said("DREDGED VOLUME REMOVAL")
+    (kept,) = said("INLET VOLUME CHANGE")
+    assert kept == pytest.approx(came - given + dredged, abs=1) and dredged == pytest.approx(-600000, rel=1e-3)
+    from_left, to_left, from_right, to_right = (said(f"VOL. {words}")[0] for words in (
+        "INTO INLET LEFT", "FROM INLET RIGHT", "INTO INLET RIGHT", "FROM INLET LEFT"))  # fmt: skip
+    assert from_left - from_right == pytest.approx(came, abs=2) and to_right - to_left == pytest.approx(given, abs=2)
+    for suffix, words in (("mqr", "AVG. RATE TO RIGHT"), ("mql", "AVG. RATE TO LEFT")):
+        rates = [np.nan, *read_by_hand(folder / f"inlet.{suffix}", 16)[1][-1]]
+        assert said(words) == pytest.approx([rates[wall] for wall in (81, 126, 99, 102)], abs=0.51)
+
+    readme = (ROOT / "examples" / "inlet" / "README.md").read_text()
+    told = readme[readme.index("**The sand, from the report.**") : readme.index("**What was learnt.**")]
+    (left, left_end, *_), (right, right_end, *_) = said("VOLUME TO LEFT"), said("VOLUME TO RIGHT")
+    stayed = right + left - right_end - left_end
+    gained = beach + kept - dredged
+    known = [beach, kept, came, given, dredged, south, right, left, right_end, left_end, stayed, from_left, from_right,
+             to_right, to_left, gained, gained - stayed]  # fmt: skip
+    numbers = [int(number.replace(" ", "")) for number in re.findall(r"\d+(?:\s\d{3})+", told)]
+    assert len(numbers) == len(known)
+    assert numbers == pytest.approx(np.abs(known), abs=1)
+
+
 def test_what_is_dredged_is_missing_on_the_beach(change, tmp_path):
     folder, moved = change("inlet")
     for name in ("inlet.shore", "inlet.waves"):

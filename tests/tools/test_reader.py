@@ -184,6 +184,15 @@ def test_a_run_killed_half_way(copy_of):
     assert run.attrs["run_complete"] == "no"
 
 
+def test_a_stopped_run_is_told_by_its_line_and_not_by_a_title(case):
+    report = case(TITLE="EXECUTION STOPPED DURING TIME STEP 3").run()
+    assert "EXECUTION STOPPED DURING TIME STEP 3" in report.read_text()
+    assert kelptools.open_run(report).attrs["run_complete"] == "yes"
+    with open(report, "a") as file:
+        file.write("  EXECUTION STOPPED DURING TIME STEP 31\n")
+    assert kelptools.open_run(report).attrs["run_complete"] == "no"
+
+
 def test_sums_of_a_killed_run_are_no_means(copy_of):
     report = copy_of("duck")
     for suffix in YEARS:

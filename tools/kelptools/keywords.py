@@ -12,12 +12,14 @@ TABLE = Path(__file__).with_name("keywords.json")
 
 @dataclass(frozen=True)
 class Keyword:
-    """`opener` is the keyword whose lines open the records of a list keyword, itself where it is that one.
+    """`default` is the value of a keyword left out, empty for those of a list that other keywords open.
+    `opener` is the keyword whose lines open the records of a list keyword, itself where it is that one.
     A value goes to the n-th record, or `to_last_record`, to the one opened last."""
 
     name: str
     form: str
     width: int
+    default: str
     opener: str
     to_last_record: bool
 

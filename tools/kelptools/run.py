@@ -46,7 +46,7 @@ INLET_NAMES = {
     "Flood": "volume of the flood shoal",
     "Qce": "share of the channel that goes to the ebb shoal",
 }
-# What each shoal's volume tends to, by its column in the table; one left out or 0 is nearly nothing to the program.
+# What each shoal's volume tends to, by its column in the table; a 0 is nearly nothing to the program.
 EQUILIBRIUM_VOLUMES = {
     "L_Attach": "VVSAQL",
     "L_Bypass": "VVSBQL",
@@ -56,6 +56,7 @@ EQUILIBRIUM_VOLUMES = {
     "R_Attach": "VVSAQR",
 }
 LEAST_EQUILIBRIUM = 0.00001
+STOPPED = "  EXECUTION STOPPED DURING TIME STEP"
 SUM, MEAN_RATE = 0, 1
 
 
@@ -399,7 +400,8 @@ def _is_complete(run: Run, state, years) -> bool:
 def _was_stopped(run: Run) -> bool:
     """Whether the report says that the run ended early, in good order."""
     try:
-        return "EXECUTION STOPPED DURING TIME STEP" in read_text(run.report)
+        # Only the line of its own tells: a title may hold the same words.
+        return any(line.startswith(STOPPED) for line in read_text(run.report).splitlines())
     except OSError:
         return False
 

@@ -4,6 +4,8 @@
 #include <sstream>
 #include <string>
 #include <string_view>
+#include <type_traits>
+#include <variant>
 
 #include "input/keywords.h"
 
@@ -40,15 +42,51 @@ std::string_view form_name(Form form) {
   return "";
 }
 
+std::string shown(const std::string& value) { return value; }
+std::string shown(bool value) { return value ? "T" : "F"; }
+
+template <class Number>
+std::string shown(Number value) {
+  std::ostringstream text;
+  text << value;
+  return text.str();
+}
+
+/// A list that is left out is its first value everywhere.
+template <class Number>
+std::string shown(const kelprun::Array1<Number>& values) {
+  return shown(values(1));
+}
+
+/// What stands in the model where the configuration does not name the keyword. An entry of a list
+/// that its opener counts has no such value, and neither has a line of items.
+std::string default_of(const Keyword& keyword, kelprun::Reading& unread) {
+  if (!keyword.opener.empty()) return "";
+  return std::visit(
+      [&](auto store) -> std::string {
+        using Store = decltype(store);
+        if constexpr (std::is_same_v<Store, std::monostate> ||
+                      std::is_same_v<Store, kelprun::StoreItems>)
+          return "";
+        else
+          return shown(store(unread));
+      },
+      keyword.store);
+}
+
 /// One keyword a line, so that a change of the table is a change of a line.
 std::string table_as_json() {
   std::ostringstream text;
+  kelprun::Model model;
+  kelprun::InputFiles files;
+  kelprun::Report report;
+  kelprun::Reading unread{model, files, report};
   std::string_view before = "[\n";
   for (const Keyword& keyword : kelprun::keyword_table()) {
     text << before << R"(  {"name": ")" << keyword.name << R"(", "form": ")"
-         << form_name(keyword.form) << R"(", "width": )" << keyword.width << R"(, "opener": ")"
-         << keyword.opener << R"(", "to_last_record": )"
-         << (keyword.to_last_record ? "true" : "false") << "}";
+         << form_name(keyword.form) << R"(", "width": )" << keyword.width << R"(, "default": ")"
+         << default_of(keyword, unread) << R"(", "opener": ")" << keyword.opener
+         << R"(", "to_last_record": )" << (keyword.to_last_record ? "true" : "false") << "}";
     before = ",\n";
   }
   text << "\n]\n";

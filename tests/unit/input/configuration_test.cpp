@@ -213,6 +213,13 @@ TEST_F(configuration, wave_heights_have_a_unit_of_their_own) {
   EXPECT_EQ(model().settings.WAVCONV, 0.3048f);
 }
 
+TEST_F(configuration, unit_texts_are_folded_for_the_report) {
+  read({{"KELUNITS", "(FT)"}, {"WAVUNITS", "(Metres)"}});
+  expect_accepted();
+  EXPECT_EQ(model().settings.KELUNITS, "(ft)  ");
+  EXPECT_EQ(model().settings.WAVUNITS, "(metre");
+}
+
 TEST_F(configuration, silence_on_units_means_feet_and_waves_in_metres) {
   read({{"KELUNITS", ""}, {"WAVUNITS", ""}});
   EXPECT_EQ(model().settings.IUNITS, 2);
