@@ -37,6 +37,30 @@ const Outcome& Case::run() {
 
 std::string Case::report() const { return folder.exists("run.prt") ? folder.read("run.prt") : ""; }
 
+Lines Case::ahead_of_head() const {
+  const Lines all_lines = lines(report());
+  // The banner begins with two empty lines.
+  const auto head = std::adjacent_find(
+      all_lines.begin(), all_lines.end(),
+      [](const auto& line, const auto& next) { return line.empty() && next.empty(); });
+  EXPECT_NE(head, all_lines.end()) << report();
+  return {all_lines.begin(), head};
+}
+
+Lines Case::behind_head() const {
+  const Lines all_lines = lines(report());
+  auto line = std::find_if(all_lines.begin(), all_lines.end(), [](const auto& title) {
+    return title.starts_with("  INITIAL SHORELINE POSITION (");
+  });
+  EXPECT_NE(line, all_lines.end()) << report();
+  if (line == all_lines.end()) return {};
+  const auto is_row_of_positions = [](const std::string& text) {
+    return text.find('.') != std::string::npos &&
+           text.find_first_not_of("-.0123456789 ") == std::string::npos;
+  };
+  return {std::find_if_not(line + 1, all_lines.end(), is_row_of_positions), all_lines.end()};
+}
+
 Table Case::table(const std::string& suffix, const std::string& stem) const {
   const bool transport = suffix == "qtr" || suffix[0] == 'm';
   return read_table(folder.read(stem + suffix), transport ? 16 : 14);

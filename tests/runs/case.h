@@ -28,6 +28,11 @@ class Case {
   /// The table of that suffix with its stem, "run." unless told otherwise.
   Table table(const std::string& suffix, const std::string& stem = "run.") const;
 
+  /// The report's lines ahead of the banner, and those behind the initial shoreline, with which
+  /// its head ends.
+  Lines ahead_of_head() const;
+  Lines behind_head() const;
+
   WorkFolder folder;
   Outcome outcome{};
 };
