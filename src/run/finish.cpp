@@ -1,6 +1,7 @@
 #include "coast/volumes.h"
 #include "output/announcements.h"
 #include "output/closing_report.h"
+#include "run/interrupt.h"
 #include "run/run.h"
 #include "text/console.h"
 #include "text/standard_error.h"
@@ -21,6 +22,22 @@ void set_mean_rates(const Clock& c, Ledgers& l) {
   }
 }
 
+void tell_stop(const Clock& c) {
+  if (const int signal = interrupting_signal()) {
+    warning_line(std::string(signal_name(signal)) + " ended the run behind time step " +
+                 std::to_string(c.ITS) + " of " + std::to_string(c.NTS));
+  } else {
+    warning_line("the run was stopped during time step " + std::to_string(c.ITS));
+  }
+}
+
+/// As a shell tells it of a program that a signal has ended.
+int exit_status(const Clock& c) {
+  constexpr int SIGNALLED = 128;
+  if (c.STOPPED && interrupting_signal() != 0) return SIGNALLED + interrupting_signal();
+  return c.NONFINITE ? 1 : 0;
+}
+
 }  // namespace
 
 int finish(Run& run) {
@@ -28,7 +45,7 @@ int finish(Run& run) {
   const Clock& c = m.clock;
   if (c.STOPPED) {
     run.report.line(" EXECUTION STOPPED DURING TIME STEP", c.ITS);
-    warning_line("the run was stopped during time step " + std::to_string(c.ITS));
+    tell_stop(c);
   }
   set_mean_rates(c, m.ledgers);
   if (m.settings.PRTOUT) report_means(m, run.report);
@@ -44,7 +61,7 @@ int finish(Run& run) {
   run.inlet_tables.close();
   console_line("Model run completed");
   clear_progress();
-  return c.NONFINITE ? 1 : 0;
+  return exit_status(c);
 }
 
 }  // namespace kelprun

@@ -5,6 +5,8 @@
 
 #include <csignal>
 
+#include "run/interrupt.h"
+
 namespace kelprun {
 
 namespace {
@@ -24,6 +26,7 @@ void prepare_process() {
   occupy(STDERR_FILENO);
   std::signal(SIGXFSZ, SIG_IGN);
   std::signal(SIGPIPE, SIG_IGN);
+  await_interrupts();
 }
 
 }  // namespace kelprun

@@ -18,6 +18,7 @@
 #include "output/wave_report.h"
 #include "run/calendar.h"
 #include "run/held_wave.h"
+#include "run/interrupt.h"
 #include "run/run.h"
 #include "run/series_steps.h"
 #include "run/stability.h"
@@ -235,7 +236,7 @@ bool stop_at_common_point(Clock& c) {
 bool step(Run& run) {
   Model& m = run.model;
   Clock& c = m.clock;
-  if (c.IERR == 1) return stop_at_common_point(c);
+  if (c.IERR == 1 || interrupting_signal() != 0) return stop_at_common_point(c);
   advance_step_number(c);
   advance_calendar(c);
   m.shore.DYSRC.fill(0.0);
