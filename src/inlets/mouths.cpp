@@ -11,7 +11,7 @@ constexpr float BESIDE_SHARE = 0.1f;   ///< of the sand, for the cell beside the
 
 /// Spreads Qout over the placement cells and the cell beside the inlet. The rate is divided by the
 /// width of the whole stretch and then by weights that sum to 1, so that a stretch of N cells gets
-/// about 1/N of the sand: this is how placement works here.
+/// about 1/N of the sand, which is meant.
 void place(const Placement& p, float Qout, std::int32_t beside, const PerWall<float>& RDEN,
            PerCell<double>& Y) {
   if (p.last < p.first) return;

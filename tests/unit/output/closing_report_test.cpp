@@ -58,9 +58,7 @@ Model coast_at_end(Model m) {
   m.waves.pass = {1.5f * m.settings.WAVCONV, 8.0f, -20.5f, 33.0f};
   const float CONVYD3 = m.settings.CONVYD3;
   put(m.transport.Q, std::array{0.25f * CONVYD3, -0.5f * CONVYD3, 0.0625f * CONVYD3});
-  put(m.shore.YREG, std::array{100.0f * CONV, 200.0f * CONV});
-  const auto length = static_cast<double>(CONV);
-  put(m.shore.Y, std::array{12.5 * length, -7.25 * length});
+  kelptest::put_shoreline(m);
   put(m.shore.YMAX, std::array{20.0f * CONV, 0.0f});
   put(m.shore.YMIN, std::array{1.0f * CONV, -9.0f * CONV});
   put(m.shore.YCON, std::array{310.0f * CONV, 311.0f * CONV});

@@ -27,9 +27,7 @@ Model coast_at_print_date(Model m) {
   m.clock.FROMDATE = 19980102;
   m.clock.NEXTDATE = 19980403;
   m.ledgers.QMAX = 100000.0f;
-  put(m.shore.YREG, std::array{100.0f * CONV, 200.0f * CONV});
-  const auto length = static_cast<double>(CONV);
-  put(m.shore.Y, std::array{12.5 * length, -7.25 * length});
+  kelptest::put_shoreline(m);
   put(m.ledgers.QNETYR, std::array{1.0f, -2.5f, 1234567.0f});
   put(m.ledgers.QLEFTYR, std::array{-3.0f, -4.0f, -5.0f});
   put(m.ledgers.QRIGHTYR, std::array{6.0f, 7.0f, 8.0f});

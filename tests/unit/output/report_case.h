@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <string>
 #include <vector>
 
@@ -29,6 +30,14 @@ inline kelprun::Model coast_in_feet(std::int32_t NX) {
   m.settings.CONVYD = 0.9144f;
   m.settings.CONVYD3 = YARD3;
   return m;
+}
+
+/// Two cells at 112.5 and 192.75 from the baseline, in the unit of the coast.
+inline void put_shoreline(kelprun::Model& m) {
+  const float CONV = m.settings.CONV;
+  const auto length = static_cast<double>(CONV);
+  put(m.shore.YREG, std::array{100.0f * CONV, 200.0f * CONV});
+  put(m.shore.Y, std::array{12.5 * length, -7.25 * length});
 }
 
 /// The lines that a block writes.

@@ -24,9 +24,7 @@ Model coast_at_year_end(Model m) {
   m.clock.SIMDATS = 19970101;
   m.clock.FROMDATE = 19980102;
   m.clock.NEXTDATE = 19990102;
-  put(m.shore.YREG, std::array{100.0f * CONV, 200.0f * CONV});
-  const auto length = static_cast<double>(CONV);
-  put(m.shore.Y, std::array{12.5 * length, -7.25 * length});
+  kelptest::put_shoreline(m);
   put(m.shore.YDIFF, std::array{2.5f * CONV, -0.75f * CONV});
   const float degree = 3.141593f / 180.0f;
   put(m.waves.ZB, std::array{-5.0f * degree, 0.5f * degree, 7.25f * degree});
