@@ -59,7 +59,7 @@ void open_report(Reading& r) {
   Settings& settings = r.model.settings;
   settings.STEM = settings.PRTFILE.substr(0, settings.PRTFILE.find('.'));
   if (settings.STEM.size() < settings.PRTFILE.size()) settings.STEM += '.';
-  if (!r.report.open(settings.PRTFILE)) fatal("Cannot not open prtfil file");
+  if (!r.report.set_name(settings.PRTFILE)) fatal("Cannot not open prtfil file");
 }
 
 bool read_wave_file_line(Reading& r, std::string_view value) {
