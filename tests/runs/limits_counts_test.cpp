@@ -199,19 +199,26 @@ TEST(limits, wave_records_are_at_most_2_million) {
   expect_refusal(refused, {}, "WAVEID: 2000001 wave events lie outside 0 to 2000000");
 }
 
+/// The program with so many open files. The search for leaks of a sanitizer needs one more at the
+/// end, which is not there.
+Outcome run_with_open_files(const Case& run, int most) {
+  return run_shell(run.folder, "ulimit -n " + std::to_string(most) +
+                                   "; ASAN_OPTIONS=exitcode=99:detect_leaks=0 exec \"$0\" run.cfg");
+}
+
 TEST(limits, files_are_as_many_as_the_system_lets_a_program_have_open) {
   Lines waves;
   for (int k = 2; k <= 100; ++k)
     waves.push_back("WAVEID: " + std::to_string(k) + " 20 0 waves.dat");
   Case run(wide(200, {{"NUMWAVES", "100"}, {"WAVEID", "1 20 0 waves.dat"}}), waves);
   run.with("shore.dat", values_file(std::vector<double>(200, 100.0)));
-  run.outcome = run_shell(run.folder, "ulimit -n 64; exec \"$0\" run.cfg");
+  run.outcome = run_with_open_files(run, 64);
   expect_refusal(run, {}, "Cannot not open wave file");
-  run.outcome = run_shell(run.folder, "ulimit -n 128; exec \"$0\" run.cfg");
+  run.outcome = run_with_open_files(run, 128);
   expect_run(run);
   Case tables(wide(400), inlets(60));
   tables.with("shore.dat", values_file(std::vector<double>(400, 100.0)));
-  tables.outcome = run_shell(tables.folder, "ulimit -n 64; exec \"$0\" run.cfg");
+  tables.outcome = run_with_open_files(tables, 64);
   EXPECT_EQ(tables.outcome.status, 1);
   EXPECT_TRUE(tables.outcome.err.ends_with(".irv: cannot be opened: Too many open files\n"))
       << tables.outcome.err;
