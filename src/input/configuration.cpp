@@ -135,9 +135,17 @@ std::string_view wanted(Form form) {
                                 : std::string(keyword.failure));
 }
 
+/// A number across the last column is read as another one.
+void warn_of_long_line(std::string_view whole, const Reading& r) {
+  if (without_trailing_blanks(whole).size() > std::size_t{capacity::CONFIGURATION_LINE})
+    warning_line(r.files.configuration + ": line " + std::to_string(r.line) +
+                 ": what stands behind column " + std::to_string(capacity::CONFIGURATION_LINE) +
+                 " is not read");
+}
+
 /// One line: the keyword before the first colon, from column 1 on, and the value behind it.
-void read_line(std::string_view line, Reading& r) {
-  line = cut(line, capacity::CONFIGURATION_LINE);
+void read_line(std::string_view whole, Reading& r) {
+  const std::string_view line = cut(whole, capacity::CONFIGURATION_LINE);
   const auto colon = line.find(':');
   if (colon == std::string_view::npos) return;
   const std::string name = upper_case(without_trailing_blanks(line.substr(0, colon)));
@@ -149,6 +157,7 @@ void read_line(std::string_view line, Reading& r) {
   const auto keyword = std::find_if(table.begin(), table.end(),
                                     [&](const Keyword& known) { return known.name == name; });
   if (keyword == table.end()) return;
+  warn_of_long_line(whole, r);
   if (!store_value(*keyword, value, r)) refuse_value(*keyword, line, value, r);
   if (keyword->then != nullptr) keyword->then(r);
 }
