@@ -96,6 +96,17 @@ TEST(lee, the_room_is_measured_from_the_shoreline_at_entry_of_the_step) {
   expect_filled(m, {0, -1, 0.75, 0.5, 0, 0, 0, 0, 0, 0}, {0, 0, 2, 1, 0, 0, 0, 0, 0, 0, 0});
 }
 
+TEST(lee, a_shoreline_that_has_advanced_leaves_less_room) {
+  // The rooms of cells 3 to 5 are 1, 0.5 and 0 m again, with cell 3 at 0.25 m and its line at 1.25.
+  Model m = six_cells();
+  m.transport.QBWTIP(3) = 60.0f;
+  m.shore.Y(3) = m.shore.YBASE(3) = m.shore.YPREV(3) = 0.25;
+  m.shore.YBW(3) = 1.25;
+  m.shore.YBW(4) = 0.5;
+  m.shore.YBW(5) = 0.0;
+  expect_filled(m, {0, -1, 0.75, 0.5, 0, 0, 0, 0, 0, 0}, {0, 0, 2, 1, 0, 0, 0, 0, 0, 0, 0});
+}
+
 TEST(lee, a_shoreline_ahead_of_the_line_leaves_no_room_and_takes_nothing_out) {
   // Cells 3 to 5 lie at the line but for cell 3, which is ahead of it by less than counts as
   // passed: CAP would be negative and is 0. Cell 3 goes back to the line, its sand to cell 2.
@@ -144,6 +155,22 @@ TEST(lee, a_cell_outside_that_stands_on_its_seawall_gives_nothing) {
   m.transport.QBWTIP(3) = 6.0f;
   m.shore.YSW(2) = 0.0;
   expect_filled(m, {0, 0, 0, 0, 0, 0, 0, 0, 0, 0}, {0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0});
+}
+
+TEST(lee, a_cell_outside_that_lies_behind_its_seawall_is_asked_for_nothing) {
+  // It would need sand, but the lee has none to give.
+  Model m = six_cells();
+  m.transport.QBWTIP(3) = 6.0f;
+  m.shore.YSW(2) = 1.0;
+  expect_filled(m, {0, 0, 0, 0, 0, 0, 0, 0, 0, 0}, {0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0});
+}
+
+TEST(lee, the_seawall_of_an_end_cell_holds_too) {
+  // Cells 2 to 7 of eight, so that the cell outside is the coast's last one: it gives 0.5 m alone.
+  Model m = exact_lee(8, 2, 7);
+  m.transport.QBWTIP(2) = 6.0f;
+  m.shore.YSW(1) = -0.5;
+  expect_filled(m, {-0.5, 0.25, 0.25, 0, 0, 0, 0, 0}, {0, 1, 0.5f, 0, 0, 0, 0, 0, 0});
 }
 
 TEST(lee, sand_going_back_to_both_walls_is_cut_at_the_seawalls_too) {
@@ -242,6 +269,13 @@ TEST(lee, a_surplus_that_leaves_beside_an_inlet_comes_down_beyond_it) {
   m.transport.Q(4) = -4.0f;
   m.shore.Y(4) = -2.0;
   expect_filled(m, {2, 0, 0, -2, 0, 0, 0, 0, 0, 0}, {0, -4, -4, -4, 0, 0, 0, 0, 0, 0, 0});
+}
+
+TEST(lee, a_surplus_that_leaves_through_an_inlet_at_the_end_leaves_the_coast) {
+  Model m = exact_lee(8, 2, 7);
+  m.inlets.INLC(1) = 1;
+  m.transport.QBWTIP(2) = -2.0f;
+  expect_filled(m, {0, -1, 0, 0, 0, 0, 0, 0}, {-2, -2, 0, 0, 0, 0, 0, 0, 0});
 }
 
 TEST(lee, a_surplus_goes_past_a_lee_that_begins_beyond_the_inlet) {
