@@ -375,6 +375,15 @@ TEST(lee, left_of_the_first_groin_the_surplus_leaves_left_and_right_of_it_right)
   EXPECT_EQ(walls(m), (Walls{0, 0, -2, -2, 0, 2, 2, 2, 2, 0, 0}));
 }
 
+TEST(lee, a_groin_before_the_last_cell_of_the_lee_leaves_all_others_to_the_left_tip) {
+  // Cell 7 is 1 m over the line: its 2 m3/s go left into cell 6 and not past the groin at wall 8.
+  Model m = six_cells();
+  m.groins.ICSTR(8) = 1;
+  m.shore.YBW(7) = 0.0;
+  m.shore.Y(7) = m.shore.YBASE(7) = 1.0;
+  expect_filled(m, {0, 0, 0, 0, 0, 1, 0, 0, 0, 0}, {0, 0, 0, 0, 0, 0, -2, 0, 0, 0, 0});
+}
+
 TEST(lee, the_middle_cell_of_an_odd_lee_belongs_to_the_left_tip) {
   // Cells 3 to 7: the left half is cells 3 to 5, the right one cells 6 and 7.
   Model m = exact_lee(9, 3, 7);

@@ -353,7 +353,19 @@ TEST(zones, the_water_level_adds_to_the_depth_at_the_tip_of_a_short_groin) {
   };
   EXPECT_LT(lee(FROM_LEFT, 0.3f), lee(FROM_LEFT, 0.0f));
   EXPECT_LT(lee(FROM_RIGHT, 0.3f), lee(FROM_RIGHT, 0.0f));
-  lee(NORMAL, 0.3f);  // from neither side: nothing is let past
+}
+
+TEST(zones, waves_along_the_shoreline_normal_of_a_short_groin_bring_nothing_past_it) {
+  for (const OffshoreWave& wave : {FROM_LEFT, FROM_RIGHT}) {
+    Model m = sea({80, 20.0f, {{40, 15.0f, 1.5f}}, {}}, wave);
+    SCOPED_TRACE(wave.degrees);
+    const std::int32_t lee = wave.degrees > 0.0 ? 41 : 39;
+    compare(m);
+    const float past = m.waves.HB(lee);
+    m.shore.ALPHA(40) = m.diffraction.tip_waves(2).Z;
+    compare(m);
+    EXPECT_LT(m.waves.HB(lee), past);
+  }
 }
 
 TEST(zones, a_groin_near_an_end_of_the_coast_takes_the_length_given_for_the_boundary) {
