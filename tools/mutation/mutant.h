@@ -72,7 +72,7 @@ bool greater(int n, A a, B b) {
 }
 template <class A, class B>
 bool greater_or_equal(int n, A a, B b) {
-  return choose(n, a >= b, a < b, a > b);
+  return choose(n, a >= b, (a < b), (a > b));
 }
 template <class A, class B>
 bool equal(int n, A a, B b) {

@@ -193,8 +193,8 @@ def percentage(part, whole):
     return f"{part} of {whole} ({100.0 * part / whole:.1f} %)" if whole else "none"
 
 
-def report(judged, skipped, left_alone, seconds):
-    lines = [f"{len(judged)} changes tried in {seconds / 60:.0f} minutes"]
+def report(judged, tried, skipped, left_alone, seconds):
+    lines = [f"{len(judged)} changes, {tried} of them tried in the last {seconds / 60:.0f} minutes"]
     killed = [m for m, (outcome, _) in judged if outcome.startswith("killed")]
     lines.append("killed: " + percentage(len(killed), len(judged)))
     for title, key in (("room", lambda m: m.file.split("/")[1]), ("kind", lambda m: m.kind)):
@@ -252,7 +252,7 @@ def main():
     OUTCOMES.write_text(json.dumps(last, indent=1))
     judged = [(m, last[str(m)]) for m in mutants if str(m) in last]
     left_alone = len(mutants) - len(judged)
-    text = report(judged, skipped, left_alone, time.monotonic() - start)
+    text = report(judged, len(chosen), skipped, left_alone, time.monotonic() - start)
     (WORK / "report.txt").write_text(text)
     print("\n" + text, end="")
 

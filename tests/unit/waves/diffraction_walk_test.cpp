@@ -142,12 +142,13 @@ TEST(diffraction_walk, a_structure_of_the_first_cell_can_grow_to_the_beach) {
 }
 
 TEST(diffraction_walk, structures_on_the_end_walls_work_as_all_others) {
-  const std::array<CoastPlan, 5> plans{{
+  const std::array<CoastPlan, 6> plans{{
       {80, 20.0f, {{1, 200.0f, 6.0f}}, {}},
       {80, 20.0f, {{81, 200.0f, 6.0f}}, {}},
       {80, 20.0f, {}, {{1, 11, 200.0f, 6.0f, 0.3f}}},
       {80, 20.0f, {}, {{71, 81, 200.0f, 6.0f, 0.3f}}},
       {80, 20.0f, {}, {{1, 11, 200.0f, 6.0f, 1.2f}}},
+      {80, 20.0f, {{1, 200.0f, 6.0f}}, {{30, 40, 200.0f, 6.0f, 1.2f}}},
   }};
   for (const CoastPlan& plan : plans)
     for (const OffshoreWave& wave : {FROM_LEFT, NORMAL, FROM_RIGHT}) {
