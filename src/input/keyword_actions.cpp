@@ -28,6 +28,12 @@ void open_or_stop(const Reading& r, std::string_view keyword, InputFile& file,
   fatal(message);
 }
 
+[[noreturn]] void refuse_surplus(const Reading& r, std::string_view keyword, std::int32_t most,
+                                 std::string_view what) {
+  explain_line(r, keyword, "one too many");
+  fatal(std::string(keyword) + ": more than " + std::to_string(most) + " " + std::string(what));
+}
+
 /// Reads one item of a line of items; keeps the text of one that is none.
 template <class Target>
 bool take(Reading& r, ListReader& list, Target& target) {
@@ -103,7 +109,7 @@ bool read_wave_file_line(Reading& r, std::string_view value) {
     return false;
   name = file_name(name);
   if (series.IWEND.size() >= capacity::WAVE_FILES)
-    fatal("WAVEID: more than " + std::to_string(capacity::WAVE_FILES) + " wave files");
+    refuse_surplus(r, "WAVEID", capacity::WAVE_FILES, "wave files");
   series.IWEND.append(end_cell);
   series.WMDEP.append(depth);
   series.WAVEFILE.append(name);
@@ -133,7 +139,7 @@ bool read_tidal_line(Reading& r, std::string_view value) {
     return false;
   name = file_name(name);
   if (series.ITCEND.size() >= capacity::TIDAL_FILES)
-    fatal("TIDEFILE: more than " + std::to_string(capacity::TIDAL_FILES) + " tidal current files");
+    refuse_surplus(r, "TIDEFILE", capacity::TIDAL_FILES, "tidal current files");
   series.ITCEND.append(end_cell);
   series.TCRNTFILE.append(name);
   series.TIDEFLAG = 1;
@@ -177,7 +183,7 @@ Dredging& current_dredging(Reading& r, std::string_view keyword) {
   if (inlets.NINL < 1) refuse_unopened(r, keyword, "IINLS");
   if (r.dredge_counter < 1) refuse_unopened(r, keyword, "IMOR");
   if (r.dredge_counter > capacity::DREDGE_EVENTS)
-    fatal("IMOR: more than " + std::to_string(capacity::DREDGE_EVENTS) + " dredging events");
+    refuse_surplus(r, "IMOR", capacity::DREDGE_EVENTS, "dredging events");
   // An event belongs to the inlet and the count that stand when its lines are read.
   if (inlets.dredgings.empty() || inlets.dredgings.back().inlet != inlets.NINL ||
       inlets.dredgings.back().event != r.dredge_counter)

@@ -33,7 +33,7 @@ void stop_run(int status) {
 }
 
 void fatal(std::string_view message) {
-  std::string record = printable(cut(message, MESSAGE_WIDTH));
+  std::string record(cut(message, MESSAGE_WIDTH));
   record.resize(MESSAGE_WIDTH, ' ');
   console_record("ERROR: " + record);
   stop_run(1);
