@@ -7,7 +7,7 @@
 #include <random>
 #include <sstream>
 
-#include "model/table_names.h"
+#include "text/fields.h"
 
 namespace kelptest {
 
@@ -17,12 +17,8 @@ constexpr double LONGEST_SECONDS = 2.0;
 constexpr std::size_t LONGEST_LINE = 600;
 const std::string FORMER = "of a former run\n";
 
-std::vector<std::string> result_tables() {
-  std::vector<std::string> names;
-  for (const std::string_view suffix : kelprun::TABLE_SUFFIXES)
-    names.push_back("run." + std::string(suffix));
-  return names;
-}
+/// The first and the last table that a run opens stand for all.
+const std::vector<std::string> TABLES{"run.slo", "run.vcx"};
 
 /// What stands in the ordinary files of the folder.
 std::map<std::string, std::string> contents_of(const WorkFolder& folder) {
@@ -35,8 +31,7 @@ std::map<std::string, std::string> contents_of(const WorkFolder& folder) {
 }
 
 bool is_result(const std::string& name) {
-  const std::vector<std::string> tables = result_tables();
-  return name == "run.prt" || std::find(tables.begin(), tables.end(), name) != tables.end();
+  return name == "run.prt" || std::find(TABLES.begin(), TABLES.end(), name) != TABLES.end();
 }
 
 bool must_stay(const std::string& name, Kept kept) {
@@ -117,8 +112,8 @@ void expect_kept(const Wrong& row, const std::map<std::string, std::string>& bef
 Family::~Family() {
   std::cout << "[   rows   ] " << name_ << ": " << rows_ << " refused";
   if (legal_ > 0) std::cout << ", " << legal_ << " legal by rule";
-  std::cout << ", slowest " << static_cast<int>(1000.0 * slowest_ + 0.5) << " ms (" << slowest_row_
-            << ")\n";
+  std::cout << ", slowest " << static_cast<int>(1000.0 * slowest_ + 0.5) << " ms ("
+            << kelprun::printable(slowest_row_) << ")\n";
 }
 
 void Family::refuse(const Wrong& row, const WorkFolder& folder,
@@ -151,7 +146,7 @@ void Family::accept(const Wrong& row) {
 void Family::refuse(const Wrong& row) {
   const Case ready(row.changes, row.more_lines);
   ready.folder.write("run.prt", FORMER);
-  for (const std::string& table : result_tables()) ready.folder.write(table, FORMER);
+  for (const std::string& table : TABLES) ready.folder.write(table, FORMER);
   for (const auto& [name, text] : row.files) ready.folder.write(name, text);
   refuse(row, ready.folder, {"run.cfg"});
 }

@@ -294,11 +294,11 @@ TEST(strange_names, are_refused) {
        std::vector<std::array<std::string, 3>>{{"PRFILE", "run.cfg", "run.cfg"},
                                                {"PRFILE", "./shore.dat", "shore.dat"},
                                                {"PRFILE", "waves.dat", "waves.dat"},
-                                               {"PRFILE", "run.slo", "run.slo"},
-                                               {"WAVEID", "20 20 0 run.qtr", "run.qtr"}})
+                                               {"PRFILE", "run.vcx", "run.vcx"},
+                                               {"WAVEID", "20 20 0 run.slo", "run.slo"}})
     rows.refuse({.name = keyword + " " + value,
                  .changes = {{keyword, value}},
-                 .told = {input, value == "run.slo" ? "same file" : "overwrite the input file"},
+                 .told = {input, value == "run.vcx" ? "same file" : "overwrite the input file"},
                  .kept = Kept::report_and_tables});
 }
 
