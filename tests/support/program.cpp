@@ -95,6 +95,13 @@ Outcome run_words(const WorkFolder& folder, std::vector<std::string> words, doub
   return outcome;
 }
 
+/// The program that was built beside the tests, or another one that is named outside: one for
+/// another processor, say, behind its emulator.
+std::string program() {
+  const char* const named = std::getenv("KELPRUN_PROGRAM");
+  return named != nullptr ? named : KELPRUN_PROGRAM;
+}
+
 [[noreturn]] void throw_bad_row(std::size_t line, const std::string& what) {
   throw std::runtime_error("table line " + std::to_string(line) + ": " + what);
 }
@@ -145,13 +152,13 @@ Outcome run_program(const WorkFolder& folder, const std::vector<std::string>& ar
 
 Outcome run_watched(const WorkFolder& folder, const std::vector<std::string>& args,
                     const std::function<void(pid_t)>& watch, double timeout_seconds) {
-  std::vector<std::string> words{KELPRUN_PROGRAM};
+  std::vector<std::string> words{program()};
   words.insert(words.end(), args.begin(), args.end());
   return run_words(folder, words, timeout_seconds, watch);
 }
 
 Outcome run_shell(const WorkFolder& folder, const std::string& command, double timeout_seconds) {
-  return run_words(folder, {"/bin/sh", "-c", command, KELPRUN_PROGRAM}, timeout_seconds);
+  return run_words(folder, {"/bin/sh", "-c", command, program()}, timeout_seconds);
 }
 
 std::vector<std::string> lines(const std::string& text) {
