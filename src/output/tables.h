@@ -9,8 +9,8 @@
 namespace kelprun {
 
 /// The result tables: plain text, a title line, then one row a record, the date in 8 columns and a
-/// value a cell or wall. Every row has gone to its file when its routine returns. A table that cannot be
-/// opened or written ends the run with a run-time message.
+/// value a cell or wall. Every row has gone to its file when its routine returns. A table that
+/// cannot be opened or written ends the run with a run-time message.
 class Tables {
  public:
   /// Opens all tables in their order, emptied, with their titles.

@@ -59,9 +59,7 @@ class wave_events : public testing::Test {
     report.begin();
   }
 
-  std::vector<std::string> report_lines() {
-    return kelptest::lines(folder.read("run.prt"));
-  }
+  std::vector<std::string> report_lines() { return kelptest::lines(folder.read("run.prt")); }
 
   kelprun::Waves& waves() { return model.waves; }
 

@@ -20,9 +20,7 @@ class ReadableReport {
     report.set_name((folder_.path() / "run.prt").string());
     report.begin();
   }
-  std::vector<std::string> lines() {
-    return kelptest::lines(folder_.read("run.prt"));
-  }
+  std::vector<std::string> lines() { return kelptest::lines(folder_.read("run.prt")); }
 
   kelprun::Report report;
 

@@ -12,9 +12,7 @@ class report : public testing::Test {
  protected:
   void open() { ASSERT_TRUE(written.set_name((folder.path() / "run.prt").string())); }
 
-  std::string text() {
-    return folder.read("run.prt");
-  }
+  std::string text() { return folder.read("run.prt"); }
 
   kelptest::WorkFolder folder;
   kelprun::Report written;
