@@ -11,6 +11,7 @@
 #include "text/console.h"
 #include "text/fields.h"
 #include "text/list_read.h"
+#include "text/standard_error.h"
 #include "text/stop.h"
 
 namespace kelprun {
@@ -40,20 +41,30 @@ std::optional<bool> decode_logical7(std::string_view value) {
 
 /// One item of a free-format read; too few items leave the target as it is.
 template <class Number>
-bool decode_item(std::string_view value, Number& target) {
+bool decode_item(std::string_view value, Number& target, Reading& r) {
   ListReader list(value);
-  return list.read(target) != Item::bad;
+  if (list.read(target) != Item::bad) return true;
+  r.bad_item = list.item_text();
+  return false;
 }
 
 template <class Number>
-bool decode_list(std::string_view value, Array1<Number>& targets) {
+bool decode_list(std::string_view value, Array1<Number>& targets, Reading& r) {
   ListReader list(value);
   for (Number& target : targets) {
     const Item item = list.read(target);
-    if (item == Item::bad) return false;
+    if (item == Item::bad) {
+      r.bad_item = list.item_text();
+      return false;
+    }
     if (item == Item::end) break;
   }
   return true;
+}
+
+/// A byte of this kind would end the name early for the system.
+bool is_name(const std::optional<std::string>& name) {
+  return name.has_value() && name->find('\0') == std::string::npos;
 }
 
 /// Decodes the value by the keyword's form and stores it; false: it cannot be decoded.
@@ -66,8 +77,9 @@ bool store_value(const Keyword& keyword, std::string_view value, Reading& r) {
       return true;
     case Form::name: {
       const auto name = unquoted(cut(value, capacity::FILE_NAME));
-      if (name) std::get<StoreText>(keyword.store)(r) = *name;
-      return name.has_value();
+      if (!is_name(name)) return false;
+      std::get<StoreText>(keyword.store)(r) = *name;
+      return true;
     }
     case Form::int8: {
       const auto number = decode_int8(value);
@@ -80,24 +92,60 @@ bool store_value(const Keyword& keyword, std::string_view value, Reading& r) {
       return flag.has_value();
     }
     case Form::integer:
-      return decode_item(value, std::get<StoreInt>(keyword.store)(r));
+      return decode_item(value, std::get<StoreInt>(keyword.store)(r), r);
     case Form::real:
-      return decode_item(value, std::get<StoreReal>(keyword.store)(r));
+      return decode_item(value, std::get<StoreReal>(keyword.store)(r), r);
     case Form::real64:
-      return decode_item(value, std::get<StoreReal64>(keyword.store)(r));
+      return decode_item(value, std::get<StoreReal64>(keyword.store)(r), r);
     case Form::int_list:
-      return decode_list(value, std::get<StoreInts>(keyword.store)(r));
+      return decode_list(value, std::get<StoreInts>(keyword.store)(r), r);
     case Form::real_list:
-      return decode_list(value, std::get<StoreReals>(keyword.store)(r));
+      return decode_list(value, std::get<StoreReals>(keyword.store)(r), r);
     case Form::items:
       return std::get<StoreItems>(keyword.store)(r, value);
   }
   return false;
 }
 
+/// What a value of that form must be, as the end of "is no ...".
+std::string_view wanted(Form form) {
+  switch (form) {
+    case Form::int8:
+      return "whole number in its first 8 columns";
+    case Form::integer:
+    case Form::int_list:
+      return "whole number";
+    case Form::logical7:
+      return "T or F";
+    case Form::name:
+      return "name: a closing quote is missing, or it holds a NUL byte";
+    case Form::items:
+      return "item of its kind, or has no closing quote";
+    default:
+      return "number";
+  }
+}
+
+/// The fatal message of a value cuts its line and does not tell where it stands.
+[[noreturn]] void refuse_value(const Keyword& keyword, std::string_view line,
+                               std::string_view value, const Reading& r) {
+  const std::string_view bad = r.bad_item.empty() ? value : std::string_view(r.bad_item);
+  explain_line(r, keyword.name, shown(bad) + " is no " + std::string(wanted(keyword.form)));
+  fatal(keyword.failure.empty() ? "Invalid config data: " + std::string(cut(line, 52))
+                                : std::string(keyword.failure));
+}
+
+/// A number across the last column is read as another one.
+void warn_of_long_line(std::string_view whole, const Reading& r) {
+  if (without_trailing_blanks(whole).size() > std::size_t{capacity::CONFIGURATION_LINE})
+    warning_line(r.files.configuration + ": line " + std::to_string(r.line) +
+                 ": what stands behind column " + std::to_string(capacity::CONFIGURATION_LINE) +
+                 " is not read");
+}
+
 /// One line: the keyword before the first colon, from column 1 on, and the value behind it.
-void read_line(std::string_view line, Reading& r) {
-  line = cut(line, capacity::CONFIGURATION_LINE);
+void read_line(std::string_view whole, Reading& r) {
+  const std::string_view line = cut(whole, capacity::CONFIGURATION_LINE);
   const auto colon = line.find(':');
   if (colon == std::string_view::npos) return;
   const std::string name = upper_case(without_trailing_blanks(line.substr(0, colon)));
@@ -109,10 +157,8 @@ void read_line(std::string_view line, Reading& r) {
   const auto keyword = std::find_if(table.begin(), table.end(),
                                     [&](const Keyword& known) { return known.name == name; });
   if (keyword == table.end()) return;
-  if (!store_value(*keyword, value, r)) {
-    fatal(keyword->failure.empty() ? "Invalid config data: " + std::string(cut(line, 52))
-                                   : std::string(keyword->failure));
-  }
+  warn_of_long_line(whole, r);
+  if (!store_value(*keyword, value, r)) refuse_value(*keyword, line, value, r);
   if (keyword->then != nullptr) keyword->then(r);
 }
 
@@ -252,11 +298,17 @@ bool read_configuration(const std::string& name, Model& model, InputFiles& files
   files.configuration = std::string(without_trailing_blanks(cut(name, capacity::FILE_NAME)));
   if (files.configuration.empty()) fatal("Specify a config file");
   InputFile file;
-  if (!file.open(files.configuration)) fatal("Cannot not open config file");
+  if (!file.open(files.configuration)) {
+    error_line(files.configuration + ": cannot be opened: " + open_failure(files.configuration));
+    fatal("Cannot not open config file");
+  }
   console_line("Reading CONFIGFILE: ", files.configuration);
 
   Reading reading{model, files, report};
-  while (file.next_line()) read_line(file.line(), reading);
+  while (file.next_line()) {
+    reading.line = file.line_number();
+    read_line(file.line(), reading);
+  }
   if (file.broken()) fatal("Specify a config file");
   file.close();
   // Only the first width is used: it stands for all cells, or announces a file of widths.

@@ -23,14 +23,19 @@ T& counted(Reading& r, std::int32_t& count, Array1<T>& list, std::int32_t limit)
   return next(r, list, limit);
 }
 
+/// One line on standard error ahead of a fatal message: the file, the line that is being read, the
+/// keyword, and what is wrong.
+void explain_line(const Reading& r, std::string_view keyword, std::string_view what);
+
 /// Ends the run: `keyword` stands ahead of the `opener` line that it belongs to.
-[[noreturn]] void refuse_unopened(std::string_view keyword, std::string_view opener);
+[[noreturn]] void refuse_unopened(const Reading& r, std::string_view keyword,
+                                  std::string_view opener);
 
 /// The place of the record that `opener` opened last.
 template <class T>
 T& at_count(Reading& r, std::string_view keyword, std::string_view opener, std::int32_t count,
             Array1<T>& list, std::int32_t limit) {
-  if (count < 1) refuse_unopened(keyword, opener);
+  if (count < 1) refuse_unopened(r, keyword, opener);
   if (count > limit) return std::get<T>(r.dropped);
   if (list.size() < count) list.resize(static_cast<std::size_t>(count));
   return list(count);

@@ -40,6 +40,9 @@ struct Reading {
   /// Takes what goes past a capacity or is read and discarded.
   std::tuple<std::int32_t, float, double, std::string> dropped{};
   bool marker = false;  ///< the file-type marker has been seen
+
+  std::int64_t line = 0;   ///< number of the line that is being read
+  std::string bad_item{};  ///< the part of its value that could not be decoded, if only a part
 };
 
 /// How a value is decoded.

@@ -40,6 +40,22 @@ void check_sand(const Model& m) {
                     m.profile.DCLOSCELL(i) + m.profile.BERMHTCELL(i));
 }
 
+/// Of its angle modes and contour modes the model has no others; windows are counted in cells.
+void check_modes(const Settings& s) {
+  if (s.IREG < 0 || s.IREG > 3) fatal("IREG " + std::to_string(s.IREG) + " lies outside 0 to 3");
+  if (s.IWAVREGSMOOTH < 0)
+    fatal("IWAVREGSMOOTH must not be below 0, it is " + std::to_string(s.IWAVREGSMOOTH));
+}
+
+void check_times(const Settings& s, const Clock& c) {
+  if (c.SIMDATS < 0) fatal("SIMDATS must not be below 0, it is " + std::to_string(c.SIMDATS));
+  if (c.NTS < 1)
+    fatal("SIMDATE " + std::to_string(c.SIMDATE) + " gives a run of " + std::to_string(c.NTS) +
+          " time steps");
+  // No step is short enough for a ceiling of 0.
+  if (s.DTADAPT == 1) demand_positive("STABMIN", s.STABMIN);
+}
+
 void check_wave_files(const Series& s, std::int32_t NX) {
   if (s.NWFIL != s.IWEND.size())
     fatal("NUMWAVES is " + std::to_string(s.NWFIL) + ", but there are " +
@@ -52,6 +68,9 @@ void check_wave_files(const Series& s, std::int32_t NX) {
   if (s.WAVEID < 0 || s.WAVEID > capacity::WAVE_EVENTS)
     fatal("WAVEID: " + std::to_string(s.WAVEID) + " wave events lie outside 0 to " +
           std::to_string(capacity::WAVE_EVENTS));
+  if (s.WAVEID == 1) fatal("WAVEID: 1 wave event gives no wave step, 0 or at least 2 do");
+  for (std::int32_t n = 1; n <= s.WMDEP.size(); ++n)
+    demand_positive("WAVEID: depth of wave gauge " + std::to_string(n), s.WMDEP(n));
 }
 
 void check_record_count(const std::string& keyword, std::int32_t count, std::int32_t most) {
@@ -85,6 +104,25 @@ void check_transmission(const Array1<float>& TRANDB) {
             free_number(TRANDB(k)));
 }
 
+/// More than everything cannot pass, though a permeability in percent reads as if it could.
+void check_permeability(const std::string& keyword, const Array1<std::int32_t>& walls,
+                        const Array1<float>& permeabilities) {
+  for (std::int32_t k = 1; k <= permeabilities.size(); ++k)
+    if (permeabilities(k) > 1.0f)
+      fatal(keyword + " of the groin at wall " + std::to_string(walls(k)) +
+            " must not be above 1, it is " + free_number(permeabilities(k)));
+}
+
+void check_seawalls(const Seawalls& s, std::int32_t NX) {
+  demand_capacity("ISWBEG", s.NSW, capacity::SEAWALLS);
+  demand_indices("ISWBEG", s.ISWBEG, NX);
+  demand_indices("ISWEND", s.ISWEND, NX);
+  for (std::int32_t k = 1; k <= s.NSW; ++k)
+    if (s.ISWEND(k) < s.ISWBEG(k))
+      fatal("ISWEND " + std::to_string(s.ISWEND(k)) + " of seawall " + std::to_string(k) +
+            " lies before its ISWBEG " + std::to_string(s.ISWBEG(k)));
+}
+
 /// The zones between the tips would be counted wrong: a breakwater without cells has no zone, and
 /// behind the left tip of a breakwater a shorter groin opens a gap that is not there.
 void check_breakwater_places(const Groins& g, const Breakwaters& b) {
@@ -105,9 +143,9 @@ void check_structures(const Model& m) {
   check_depths(m.groins, m.breakwaters);
   check_breakwater_places(m.groins, m.breakwaters);
   check_transmission(m.breakwaters.TRANDB);
-  demand_capacity("ISWBEG", m.seawalls.NSW, capacity::SEAWALLS);
-  demand_indices("ISWBEG", m.seawalls.ISWBEG, NX);
-  demand_indices("ISWEND", m.seawalls.ISWEND, NX);
+  check_permeability("PNDG", m.groins.IXNDG, m.groins.PNDG);
+  check_permeability("PDG", m.groins.IXDG, m.groins.PDG);
+  check_seawalls(m.seawalls, NX);
   demand_capacity("BFDATS", m.events.NBF, capacity::FILLS);
   demand_capacity("IINLS", m.inlets.NINL, capacity::INLETS);
   demand_indices("IINLS", m.inlets.IINLS, NX);
@@ -134,8 +172,53 @@ void warn_of_stations_out_of_order(const Array1<std::int32_t>& ITCEND) {
   }
 }
 
+/// A wave then gains energy at the groin instead of losing it, and the search for where it breaks
+/// can end without a result, which stops the run.
+void warn_of_permeability(const std::string& keyword, const Array1<std::int32_t>& walls,
+                          const Array1<float>& permeabilities) {
+  for (std::int32_t k = 1; k <= permeabilities.size(); ++k)
+    if (permeabilities(k) < 0.0f)
+      warning_line(keyword + " of the groin at wall " + std::to_string(walls(k)) +
+                   " should not be below 0, it is " + free_number(permeabilities(k)));
+}
+
+/// What never acts is a slip more often than a wish.
+void warn_of_idle_fills(const Events& e, std::int32_t NX) {
+  for (std::int32_t k = 1; k <= e.IBFS.size(); ++k) {
+    const std::string fill = "fill " + std::to_string(k);
+    if (e.IBFE(k) < 1 || e.IBFS(k) > NX)
+      warning_line(fill + " has no cell in the grid: IBFS " + std::to_string(e.IBFS(k)) +
+                   ", IBFE " + std::to_string(e.IBFE(k)));
+    if (e.BFDATE(k) != 0 && e.BFDATE(k) < e.BFDATS(k))
+      warning_line(fill + " never acts: BFDATE " + std::to_string(e.BFDATE(k)) +
+                   " lies before its BFDATS " + std::to_string(e.BFDATS(k)));
+  }
+}
+
+void warn_of_idle_bypassing(const Events& e) {
+  for (std::int32_t k = 1; k <= e.BPDATS.size(); ++k)
+    if (e.BPDATE(k) != 0 && e.BPDATE(k) < e.BPDATS(k))
+      warning_line("bypass operation " + std::to_string(k) + " never acts: BPDATE " +
+                   std::to_string(e.BPDATE(k)) + " lies before its BPDATS " +
+                   std::to_string(e.BPDATS(k)));
+}
+
 bool zero_everywhere(const PerWall<float>& values) {
   return std::all_of(values.begin(), values.end(), [](float value) { return value == 0.0f; });
+}
+
+/// One cell without waves makes all cells calm.
+void warn_of_calm(const PerWall<float>& HAMP, std::int32_t NX) {
+  if (zero_everywhere(HAMP)) {
+    warning_line("HAMP is 0 in every cell (a list left out is 0): the whole run is calm");
+    return;
+  }
+  for (std::int32_t i = 1; i <= NX; ++i) {
+    if (HAMP(i) != 0.0f) continue;
+    warning_line("HAMP is 0 at cell " + std::to_string(i) +
+                 ": a cell without waves makes the whole run calm");
+    return;
+  }
 }
 
 }  // namespace
@@ -146,14 +229,13 @@ void refuse_empty_grid(std::int32_t NX) {
 
 void refuse_nonsense(const Model& m) {
   if (!m.grid.variable) refuse_widths(m.grid);
+  check_modes(m.settings);
   check_sand(m);
   check_wave_files(m.series, m.grid.NX);
   check_series(m.series, m.grid.NX);
   check_structures(m);
   check_budget(m.budget, m.grid.NX);
-  if (m.clock.NTS < 1)
-    fatal("SIMDATE " + std::to_string(m.clock.SIMDATE) + " gives a run of " +
-          std::to_string(m.clock.NTS) + " time steps");
+  check_times(m.settings, m.clock);
 }
 
 void refuse_tips(const Breakwaters& b, std::int32_t NX) {
@@ -169,11 +251,14 @@ void refuse_widths(const Grid& grid) {
 }
 
 void warn_of_oddities(const Model& m) {
-  if (zero_everywhere(m.waves.HAMP))
-    warning_line("HAMP is 0 in every cell (a list left out is 0): the whole run is calm");
+  warn_of_calm(m.waves.HAMP, m.grid.NX);
   if (zero_everywhere(m.waves.THETAAMP))
     warning_line("THETAAMP is 0 in every cell (a list left out is 0): all waves come straight in");
   warn_of_stations_out_of_order(m.series.ITCEND);
+  warn_of_permeability("PNDG", m.groins.IXNDG, m.groins.PNDG);
+  warn_of_permeability("PDG", m.groins.IXDG, m.groins.PDG);
+  warn_of_idle_fills(m.events, m.grid.NX);
+  warn_of_idle_bypassing(m.events);
   warn_of_inlets(m.inlets, m.grid.NX);
 }
 

@@ -19,10 +19,19 @@ struct Place {
   std::filesystem::path path;
 };
 
+/// Follows links, also those that lead to no file yet.
+std::filesystem::path followed(std::filesystem::path path) {
+  constexpr int MOST_LINKS = 40;
+  std::error_code ignored;
+  for (int k = 1; k <= MOST_LINKS && std::filesystem::is_symlink(path, ignored); ++k)
+    path = path.parent_path() / std::filesystem::read_symlink(path, ignored);
+  return path;
+}
+
 Place place(const std::string& name) {
   std::error_code ignored;
   // A name that leads to no file yet would keep the form in which it is written.
-  const std::filesystem::path full = std::filesystem::absolute(name, ignored);
+  const std::filesystem::path full = followed(std::filesystem::absolute(name, ignored));
   return {name, std::filesystem::weakly_canonical(full, ignored)};
 }
 

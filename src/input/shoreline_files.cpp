@@ -5,6 +5,7 @@
 
 #include "input/nonsense.h"
 #include "text/console.h"
+#include "text/fields.h"
 #include "text/list_read.h"
 #include "text/stop.h"
 
@@ -36,7 +37,10 @@ constexpr FileWords WIDTH_WORDS = {
      " PLEASE CHANGE IN DATA FILE"},
     "VARIABLE DX FILE CONTAINS TOO FEW VALUES"};
 
-[[noreturn]] void too_few_values(const FileWords& words, Report& report) {
+/// The told lines name neither the file nor what it holds: `held` does, in a line of its own.
+[[noreturn]] void too_few_values(const InputFile& file, const std::string& held,
+                                 const FileWords& words, Report& report) {
+  file.explain("the file ends after " + held);
   for (const std::string_view line : words.lines) {
     console_line(line);
     report.line(line);
@@ -46,7 +50,10 @@ constexpr FileWords WIDTH_WORDS = {
 }
 
 void skip_header_line(InputFile& file, const FileWords& words, Report& report) {
-  if (!file.next_line()) too_few_values(words, report);
+  if (file.next_line()) return;
+  const std::string lines = std::to_string(file.line_number());
+  too_few_values(file, lines + " of " + std::to_string(HEADER_LINES) + " header lines", words,
+                 report);
 }
 
 /// One free-format read of up to 10 values from `first` on, not beyond NX; what is left on the
@@ -59,9 +66,10 @@ void read_group(InputFile& file, std::int32_t first, std::int32_t NX, Values& va
   for (std::int32_t i = first; i <= std::min(first + VALUES_PER_GROUP - 1, NX); ++i) {
     switch (list.read(values(i))) {
       case Item::end_of_file:
-        too_few_values(words, report);
+        too_few_values(file, std::to_string(i - 1) + " of " + std::to_string(NX) + " values", words,
+                       report);
       case Item::bad:
-        file.failure(group, "'" + std::string(list.item_text()) + "' is no number");
+        file.failure(group, shown(list.item_text()) + " is no number");
       case Item::end:
         return;
       case Item::value:
@@ -85,7 +93,8 @@ void read_cell_widths(const Settings& settings, Grid& grid, Report& report) {
     InputFile file;
     if (settings.DXIN.empty())
       run_time_message("DXFILE: DX is -1, but no file of cell widths is named");
-    if (!file.open(settings.DXIN)) run_time_message(settings.DXIN + ": cannot be opened");
+    if (!file.open(settings.DXIN))
+      run_time_message(settings.DXIN + ": cannot be opened: " + open_failure(settings.DXIN));
     for (std::int32_t n = 1; n <= HEADER_LINES; ++n) skip_header_line(file, WIDTH_WORDS, report);
     for (std::int32_t first = 1; first <= grid.NX; first += VALUES_PER_GROUP)
       read_group(file, first, grid.NX, grid.DX, WIDTH_WORDS, report);

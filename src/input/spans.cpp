@@ -27,6 +27,7 @@ void expand_spans(const Spans& spans, std::int32_t NX, float factor, PerWall<flo
     return;
   }
   bool beyond = false;
+  bool ascending = true;
   std::int64_t begin = 1;
   for (std::int32_t i = 1; i <= held + 1; ++i) {
     const std::int32_t end = spans.ends(i);
@@ -34,6 +35,7 @@ void expand_spans(const Spans& spans, std::int32_t NX, float factor, PerWall<flo
       fatal(std::string(spans.end_keyword) + " holds " + std::to_string(end) +
             ", which is no cell of the grid");
     if (end > NX) beyond = true;
+    if (end != 0 && end < begin) ascending = false;
     if (end == 0 || end == NX) {
       fill(begin, held + 1, spans.values(i));
       break;
@@ -41,6 +43,9 @@ void expand_spans(const Spans& spans, std::int32_t NX, float factor, PerWall<flo
     fill(begin, end, spans.values(i));
     begin = std::int64_t{end} + 1;
   }
+  // Without a grid every end lies beyond it; that there is none is told elsewhere.
+  if (NX < 1) return;
+  if (!ascending) warning_line(std::string(spans.end_keyword) + " holds end cells out of order");
   if (beyond)
     warning_line(std::string(spans.end_keyword) +
                  " holds end cells beyond NX = " + std::to_string(NX));

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <string>
 
+#include "text/fields.h"
 #include "text/list_read.h"
 #include "text/stop.h"
 
@@ -17,8 +18,7 @@ constexpr float LONGEST_STEP = 6.0f;  ///< h; a tide is lost between longer ones
 template <class Number>
 void read_item(InputFile& file, ListReader& list, std::int32_t n, Number& target) {
   const Item item = list.read(target);
-  if (item == Item::bad)
-    file.failure(n, "'" + std::string(list.item_text()) + "' is no number of its kind");
+  if (item == Item::bad) file.failure(n, shown(list.item_text()) + " is no number of its kind");
   if (item == Item::end_of_file)
     file.failure(n, "the file ends after " + std::to_string(n - 1) + " records");
 }

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "model/constants.h"
+#include "text/fields.h"
 #include "text/list_read.h"
 
 namespace kelprun {
@@ -72,8 +73,7 @@ void WaveEvents::read_record(std::size_t n, InputFile& file, const Series& serie
     ListReader list(file);
     const auto check = [&](Item item) {
       if (item == Item::bad)
-        file.failure(at.records,
-                     "'" + std::string(list.item_text()) + "' is no number of its kind");
+        file.failure(at.records, shown(list.item_text()) + " is no number of its kind");
       if (item == Item::end_of_file)
         file.failure(at.records, "the file ends here, but the run needs " +
                                      std::to_string(events_) + " wave records by time step " +

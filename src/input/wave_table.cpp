@@ -4,6 +4,7 @@
 #include <string>
 
 #include "input/timed_records.h"
+#include "text/fields.h"
 #include "text/list_read.h"
 #include "text/standard_error.h"
 #include "text/stop.h"
@@ -18,7 +19,7 @@ template <class Number>
 void read_stamp_item(InputFile& file, ListReader& list, std::int32_t record, Number& target) {
   const Item item = list.read(target);
   if (item == Item::bad)
-    file.failure(record, "'" + std::string(list.item_text()) + "' is no whole number of its kind");
+    file.failure(record, shown(list.item_text()) + " is no whole number of its kind");
   if (item == Item::end_of_file)
     file.failure(record, "the file ends after " + std::to_string(record - 1) + " records");
 }

@@ -28,14 +28,13 @@ void InletTables::open(const Inlets& inlets) {
   for (std::int32_t k = 1; k <= inlets.NINL; ++k) {
     OutputFile& file = files_[static_cast<std::size_t>(k - 1)];
     const std::string file_name = inlet_table_name(inlets, k);
-    if (!file.open(file_name, true))
+    if (!file.open(file_name))
       run_time_message(file_name + ": cannot be opened: " + std::strerror(errno));
     file.record("Inlet Shoal Volumes for " + inlet_name(inlets, k));
     file.record(
         "      DT        L_Qout         L_Qie      L_Attach         L_Qba      L_Bypass         "
         "L_Qeb           Ebb           Qfe         Flood           Qce         R_Qeb      R_Bypass "
         "        R_Qba      R_Attach         R_Qie        R_Qout       DATE");
-    file.flush();
   }
 }
 
@@ -51,8 +50,11 @@ void InletTables::write(const Clock& clock, float CONVYD3, const Inlets& n) {
              f.left.Qeb * Y, n.VVSE(k) * V, f.Qfe * Y, n.VVSF(k) * V, f.Qce * Y, f.right.Qeb * Y,
              n.VVSBR(k) * V, f.right.Qba * Y, n.VVSAR(k) * V, f.right.Qie * Y, f.right.Qout * Y},
             clock.CURDATE));
-    file.flush();
   }
+}
+
+void InletTables::keep_whole_records() const {
+  for (const OutputFile& file : files_) file.keep_whole_records();
 }
 
 void InletTables::close() {

@@ -14,6 +14,8 @@ class InletTables {
   void open(const Inlets& inlets);
   /// One row a table: rates a year and volumes in reporting units.
   void write(const Clock& clock, float CONVYD3, const Inlets& inlets);
+  /// Cuts off what follows the last line end of each table.
+  void keep_whole_records() const;
   void close();
 
  private:

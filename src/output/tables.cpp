@@ -30,10 +30,9 @@ void Tables::open(const std::string& STEM, std::int32_t NX) {
   row_.reserve(static_cast<std::size_t>(DATE_WIDTH + (NX + 1) * TRANSPORT.width));
   for (std::size_t table = 0; table < files_.size(); ++table) {
     const std::string name = STEM + std::string(TABLE_SUFFIXES[table]);
-    if (!files_[table].open(name, true))
+    if (!files_[table].open(name))
       run_time_message(name + ": cannot be opened: " + std::strerror(errno));
     files_[table].record(TITLES[table]);
-    files_[table].flush();
   }
 }
 
@@ -45,7 +44,6 @@ void Tables::write_row(Table table, Form form, std::int32_t date, std::int32_t c
   for (std::int32_t i = 1; i <= count; ++i, field += form.width)
     put_fixed(field, form.width, form.decimals, value(i));
   files_[table].record(row_);
-  files_[table].flush();
 }
 
 void Tables::write_state(const Model& m) {
@@ -84,6 +82,10 @@ void Tables::write_means(const Ledgers& l, std::int32_t date) {
   row(MQN, l.QNETMEAN);
   row(MQL, l.QLEFTMEAN);
   row(MQR, l.QRIGHTMEAN);
+}
+
+void Tables::keep_whole_records() const {
+  for (const OutputFile& file : files_) file.keep_whole_records();
 }
 
 void Tables::close() {

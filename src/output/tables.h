@@ -9,8 +9,8 @@
 namespace kelprun {
 
 /// The result tables: plain text, a title line, then one row a record, the date in 8 columns and a
-/// value a cell or wall. Every row is on its file when its routine returns. A table that cannot be
-/// opened or written ends the run with a run-time message.
+/// value a cell or wall. Every row has gone to its file when its routine returns. A table that
+/// cannot be opened or written ends the run with a run-time message.
 class Tables {
  public:
   /// Opens all tables in their order, emptied, with their titles.
@@ -25,6 +25,8 @@ class Tables {
   /// One row each to mqn, mql and mqr: the mean annual rates.
   void write_means(const Ledgers& ledgers, std::int32_t date);
 
+  /// Cuts off what follows the last line end of each table.
+  void keep_whole_records() const;
   void close();
 
  private:

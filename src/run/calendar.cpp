@@ -17,7 +17,9 @@ std::int32_t date_of(std::int32_t year, std::int32_t month, std::int32_t day) {
   return 10000 * year + 100 * month + day;
 }
 
-std::int32_t day_number(float day) { return truncated(static_cast<double>(day), "day number"); }
+std::int32_t day_number(float day) {
+  return truncated(static_cast<double>(day), "day number, which DT moves on");
+}
 
 /// February 29 is kept where the day is exactly 29 in a leap year.
 bool is_leap_day(std::int32_t year, std::int32_t day) { return year % 4 == 0 && day == 29; }
@@ -26,8 +28,9 @@ bool is_leap_day(std::int32_t year, std::int32_t day) { return year % 4 == 0 && 
 
 void advance_calendar(Clock& c) {
   if (c.FIRSTDAY == 1)
-    c.DAY0 = c.ITS == 1 ? nearest_integer(static_cast<double>(c.DAYF), "day number")
-                        : day_number(c.DAYF);
+    c.DAY0 = c.ITS == 1
+                 ? nearest_integer(static_cast<double>(c.DAYF), "day number, which DT moves on")
+                 : day_number(c.DAYF);
   const float x = std::max(c.DAYF + c.DAYSTEP, 1.0f);
   std::int32_t n = day_number(x);
   if (c.FIRSTDAY == 1 && n != c.DAY0) c.FIRSTDAY = 0;

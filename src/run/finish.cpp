@@ -40,6 +40,12 @@ int exit_status(const Clock& c) {
 
 }  // namespace
 
+void keep_whole_records(const Run& run) {
+  run.report.keep_whole_records();
+  run.tables.keep_whole_records();
+  run.inlet_tables.keep_whole_records();
+}
+
 int finish(Run& run) {
   Model& m = run.model;
   const Clock& c = m.clock;

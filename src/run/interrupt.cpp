@@ -8,7 +8,9 @@ namespace {
 
 volatile std::sig_atomic_t arrived = 0;
 
-extern "C" void note_signal(int signal) { arrived = signal; }
+extern "C" void note_signal(int signal) {
+  if (arrived == 0) arrived = signal;
+}
 
 void await(int signal) {
   struct sigaction former {};

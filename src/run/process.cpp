@@ -4,8 +4,10 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <new>
 
 #include "run/interrupt.h"
+#include "text/stop.h"
 
 namespace kelprun {
 
@@ -19,6 +21,9 @@ void occupy(int descriptor) {
   close(nothing);
 }
 
+/// Needs no memory itself.
+void tell_memory() { run_time_message("the memory of the system does not suffice for this run"); }
+
 }  // namespace
 
 void prepare_process() {
@@ -26,6 +31,7 @@ void prepare_process() {
   occupy(STDERR_FILENO);
   std::signal(SIGXFSZ, SIG_IGN);
   std::signal(SIGPIPE, SIG_IGN);
+  std::set_new_handler(tell_memory);
   await_interrupts();
 }
 

@@ -30,6 +30,9 @@ void setup(Run& run, const std::string& path);
 /// Goes through one time step; false once the run has come to its end.
 bool step(Run& run);
 
+/// Takes back what has been written of a record that did not come to its end.
+void keep_whole_records(const Run& run);
+
 /// Writes the closing output; gives the exit status.
 int finish(Run& run);
 

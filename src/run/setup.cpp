@@ -125,7 +125,6 @@ void setup(Run& run, const std::string& path) {
   m.clock.FROMDATE = m.clock.SIMDATS;
   warn_of_short_waves(m.series, m.clock);
   console_line("Time Simulation begins ...");
-  run.report.flush();
   run.progress.start();
 }
 

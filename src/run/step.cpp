@@ -199,10 +199,7 @@ bool wave_pass(Run& run) {
   }
   VOLSTEP(m.grid, m.profile, m.shore, m.ledgers);
   watch_shoreline(m);
-  if (m.clock.ITS % m.clock.NDTSAVE == 0) {
-    run.tables.write_state(m);
-    run.report.flush();
-  }
+  if (m.clock.ITS % m.clock.NDTSAVE == 0) run.tables.write_state(m);
   return true;
 }
 

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <string>
 
+#include "text/fields.h"
 #include "text/standard_error.h"
 #include "text/stop.h"
 
@@ -12,7 +13,7 @@ namespace kelprun {
 
 void console_record(std::string_view text) {
   clear_progress();
-  std::string line(text);
+  std::string line = printable(text);
   line += '\n';
   const bool written = std::fwrite(line.data(), 1, line.size(), stdout) == line.size();
   if (!written || std::fflush(stdout) != 0)

@@ -43,4 +43,17 @@ std::optional<std::string> unquoted(std::string_view text) {
   return std::string(without_trailing_blanks(name));
 }
 
+std::string printable(std::string_view text) {
+  std::string result(text);
+  std::replace_if(
+      result.begin(), result.end(), [](char c) { return (c >= 0 && c < ' ') || c == 0x7F; }, '?');
+  return result;
+}
+
+std::string shown(std::string_view text) {
+  constexpr int MOST = 40;
+  const std::string_view begin = cut(text, MOST);
+  return "'" + printable(begin) + (begin.size() < text.size() ? "..." : "") + "'";
+}
+
 }  // namespace kelprun

@@ -19,4 +19,10 @@ std::string_view cut(std::string_view text, int width);
 /// Nothing is returned where the closing quote is missing.
 std::optional<std::string> unquoted(std::string_view text);
 
+/// A question mark for each control character: what a file holds must not steer a terminal.
+std::string printable(std::string_view text);
+
+/// The text in single quotes for a message: printable, and cut where it is long.
+std::string shown(std::string_view text);
+
 }  // namespace kelprun

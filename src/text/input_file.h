@@ -11,7 +11,7 @@ namespace kelprun {
 /// before the line end is dropped, and a tab counts as a blank.
 class InputFile {
  public:
-  /// False unless the name is that of a regular file which can be read.
+  /// False unless the name is that of a regular file which can be read; open_failure tells why.
   bool open(const std::string& name);
   bool is_open() const { return stream_.is_open(); }
   void close() { stream_.close(); }
@@ -28,6 +28,9 @@ class InputFile {
 
   /// Ends the run with "FILE: record N (line L): " and what is wrong.
   [[noreturn]] void failure(std::int64_t record, std::string_view what) const;
+  /// One line on standard error, "FILE: line L: " and what is wrong, ahead of a fatal message that
+  /// does not tell it.
+  void explain(std::string_view what) const;
 
  private:
   std::ifstream stream_;
@@ -35,5 +38,8 @@ class InputFile {
   std::string line_;
   std::int64_t line_number_ = 0;
 };
+
+/// Why a file of that name cannot be read.
+std::string open_failure(const std::string& name);
 
 }  // namespace kelprun

@@ -8,34 +8,37 @@
 
 namespace kelprun {
 
-/// A text file that is written record by record and holds whole records only: a record that
-/// cannot be written completely is taken back, and the run ends with a run-time message.
+/// A text file that is written record by record and holds whole records only. A record goes to the
+/// file at once and in one piece; one that cannot be written completely is taken back, and the
+/// run ends with a run-time message.
 class OutputFile {
  public:
-  /// Opens the file; with `emptied` false what it holds stays. False where it cannot be opened.
-  bool open(const std::string& name, bool emptied);
+  /// Makes an empty file where there is none, and does not open one that is there. False where
+  /// open() would fail; the reason stands in errno.
+  static bool find_or_make(const std::string& name);
+
+  /// Opens the file and empties it. False where it cannot be opened; the reason stands in errno.
+  bool open(const std::string& name);
   bool is_open() const { return file_ != nullptr; }
-  const std::string& name() const { return name_; }
 
   /// Adds one record, line end included by this routine.
   void record(std::string_view text);
-  /// Brings all records so far to the file.
-  void flush();
   void close();
+
+  /// Cuts off what follows the last line end.
+  void keep_whole_records() const;
 
  private:
   struct Closer {
     void operator()(std::FILE* file) const { std::fclose(file); }
   };
-  [[noreturn]] void write_failure();
-  /// Cuts off what follows the last record that reached the file as a whole.
-  void keep_whole_records() const;
+  [[noreturn]] void write_failure(const char* reason);
+  bool is_removed() const;
 
   std::unique_ptr<std::FILE, Closer> file_;
   std::string name_;
+  std::string line_;
   std::int64_t records_ = 0;
-  std::uintmax_t pending_ = 0;  ///< bytes of the records since the last flush
-  std::uintmax_t safe_ = 0;     ///< bytes of the records that have reached the file
 };
 
 }  // namespace kelprun

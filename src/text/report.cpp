@@ -1,6 +1,8 @@
 #include "text/report.h"
 
 #include <algorithm>
+#include <cerrno>
+#include <cstring>
 
 #include "text/column_record.h"
 #include "text/stop.h"
@@ -9,9 +11,8 @@ namespace kelprun {
 
 void Report::begin() {
   begun_ = true;
-  if (!file_.is_open()) return;
-  const std::string name = file_.name();
-  if (!file_.open(name, true)) run_time_message(name + ": cannot be emptied");
+  if (name_.empty()) return;
+  if (!file_.open(name_)) run_time_message(name_ + ": cannot be opened: " + std::strerror(errno));
   for (std::size_t start = 0; start < kept_.size();) {
     const auto end = kept_.find('\n', start);
     file_.record(std::string_view(kept_).substr(start, end - start));

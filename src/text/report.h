@@ -10,14 +10,18 @@
 
 namespace kelprun {
 
-/// The printable report. It is opened where its keyword stands in the configuration and emptied
-/// by begin(), once it is certain that it is no input file; lines until then are kept for it.
-/// Without a file all lines are dropped.
+/// The printable report. It gets its name where its keyword stands in the configuration and is
+/// opened by begin(), once it is certain that it is no input file; lines until then are kept for
+/// it. Without a name all lines are dropped.
 class Report {
  public:
-  /// False where the file cannot be opened; what it holds is left alone.
-  bool open(const std::string& name) { return file_.open(name, false); }
-  /// Empties the file and writes the lines kept so far.
+  /// The file is made where there is none; one that is there keeps what it holds. False where it
+  /// could not be opened.
+  bool set_name(const std::string& name) {
+    name_ = name;
+    return OutputFile::find_or_make(name);
+  }
+  /// Opens the file, empties it and writes the lines kept so far.
   void begin();
 
   /// One line as it stands.
@@ -36,11 +40,14 @@ class Report {
   /// Cell or wall numbers, 10 a line, in columns of 7.
   void numbers(const Array1<std::int32_t>& values);
 
-  void flush() { file_.flush(); }
-  void close() { file_.close(); }
+  void keep_whole_records() const { file_.keep_whole_records(); }
+  void close() {
+    if (file_.is_open()) file_.close();
+  }
 
  private:
   OutputFile file_;
+  std::string name_;
   bool begun_ = false;
   std::string kept_;
 };

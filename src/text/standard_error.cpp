@@ -3,6 +3,9 @@
 #include <unistd.h>
 
 #include <cstdio>
+#include <string>
+
+#include "text/fields.h"
 
 namespace kelprun {
 
@@ -12,8 +15,9 @@ bool progress_shown = false;
 
 void write_line(std::string_view kind, std::string_view text) {
   clear_progress();
-  std::fprintf(stderr, "kelprun: %.*s%.*s\n", static_cast<int>(kind.size()), kind.data(),
-               static_cast<int>(text.size()), text.data());
+  const std::string line = printable(text);
+  std::fprintf(stderr, "kelprun: %.*s%s\n", static_cast<int>(kind.size()), kind.data(),
+               line.c_str());
 }
 
 }  // namespace

@@ -72,9 +72,7 @@ class Coast {
     several("IXDG", {}, {"YDG", "DDG", "PDG"});
   }
 
-  void breakwaters() {
-    several("DBI1", {"DBI2"}, {"DBY1", "DBY2", "DBDEP1", "DBDEP2", "TRANDB"});
-  }
+  void breakwaters() { several("DBI1", {"DBI2"}, {"DBY1", "DBY2", "DBDEP1", "DBDEP2", "TRANDB"}); }
 
   /// Up to four entries of a list: cells near the grid, and sizes.
   void several(const char* opener, std::initializer_list<const char*> cells,

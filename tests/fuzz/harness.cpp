@@ -183,12 +183,9 @@ ILEDGQ2: 15
 }  // namespace
 
 const Files& small_coast() {
-  static const Files files = {{"run.cfg", CONFIGURATION},
-                              {"shore", values(20, 100.0)},
-                              {"contour", values(20, 95.0)},
-                              {"widths", values(20, 50.0)},
-                              {"waves", series("1.2 8 12")},
-                              {"levels", series("0.3")},
+  static const Files files = {{"run.cfg", CONFIGURATION},    {"shore", values(20, 100.0)},
+                              {"contour", values(20, 95.0)}, {"widths", values(20, 50.0)},
+                              {"waves", series("1.2 8 12")}, {"levels", series("0.3")},
                               {"tides", series("0.1")}};
   return files;
 }

@@ -155,10 +155,10 @@ std::string values_file(const std::vector<double>& values) {
 }
 
 void expect_fatal(const Case& ended, std::initializer_list<Lines> before,
-                  const std::string& message) {
+                  const std::string& message, const std::string& explained) {
   EXPECT_EQ(ended.outcome.status, 1);
   EXPECT_EQ(ended.outcome.out, text_of(before) + fatal_record(message) + "\n");
-  EXPECT_EQ(ended.outcome.err, "");
+  EXPECT_EQ(ended.outcome.err, explained.empty() ? "" : "kelprun: " + explained + "\n");
 }
 
 void expect_completed(const Case& ended) {

@@ -70,9 +70,10 @@ Lines placement(int left, int right);
 /// A shoreline, contour or width file: four headers, then the values in groups of 10.
 std::string values_file(const std::vector<double>& values);
 
-/// Ended in the fatal message, with exactly these lines on the console before it.
+/// Ended in the fatal message, with exactly these lines on the console before it, and on standard
+/// error the line that explains it, if there is one.
 void expect_fatal(const Case& ended, std::initializer_list<Lines> before,
-                  const std::string& message);
+                  const std::string& message, const std::string& explained = "");
 
 /// Ended with "Model run completed" and the status 0, and said nothing on standard error.
 void expect_completed(const Case& ended);

@@ -39,7 +39,8 @@ TEST(command_line, a_blank_name_is_no_configuration_even_where_such_a_file_exist
 TEST(command_line, a_folder_cannot_be_opened_as_configuration) {
   Case folder;
   folder.outcome = run_program(folder.folder, {"."});
-  expect_fatal(folder, {FIRST}, "Cannot not open config file");
+  expect_fatal(folder, {FIRST}, "Cannot not open config file",
+               ".: cannot be opened: this is a folder");
 }
 
 TEST(command_line, a_configuration_that_breaks_off_while_it_is_read_is_refused) {

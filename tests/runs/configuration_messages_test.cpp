@@ -7,13 +7,15 @@ namespace {
 const Lines START = free_lines({"KelpRun Model Execution", "Reading CONFIGFILE: run.cfg"});
 const Lines TITLE = free_lines({"Simulation Title: test"});
 
-/// A refusal in the middle or at the end of the reading: the console before it, and its message.
+/// A refusal in the middle or at the end of the reading: the console before it, its message, and
+/// the line on standard error that tells what the message does not.
 struct Stop {
   std::string name;
   Changes changes;
   Lines more_lines;
   Lines before;
   std::string message;
+  std::string explained = "";
 };
 
 std::ostream& operator<<(std::ostream& out, const Stop& row) { return out << row.name; }
@@ -43,34 +45,46 @@ const std::vector<Stop> ROWS{
      {{"INIFILE", "none.dat"}},
      {},
      start_and({"Simulation Title: test", "Reading Initial Shoreline: none.dat"}),
-     "Cannot not open initial shoreline file"},
+     "Cannot not open initial shoreline file",
+     "run.cfg: line 3: INIFILE: 'none.dat' cannot be opened: there is no such file"},
     {"regional_contour",
      {},
      {"REGFILE: none.dat"},
      opening_and({"Reading Regional Shoreline: none.dat"}),
-     "Cannot not open regional shoreline file"},
+     "Cannot not open regional shoreline file",
+     "run.cfg: line 37: REGFILE: 'none.dat' cannot be opened: there is no such file"},
     {"wave_file",
      {{"WAVEID", "20 20.0 0 none.dat"}},
      {},
      start_and({"Simulation Title: test", "Reading Initial Shoreline: shore.dat",
                 "Opening Wave Input File: none.dat"}),
-     "Cannot not open wave file"},
+     "Cannot not open wave file",
+     "run.cfg: line 5: WAVEID: 'none.dat' cannot be opened: there is no such file"},
     {"water_level_file",
      {},
      {"WLFILE: 5 none.dat"},
      opening_and({"Opening Water Level Input File: none.dat"}),
-     "Cannot not open water level file"},
+     "Cannot not open water level file",
+     "run.cfg: line 37: WLFILE: 'none.dat' cannot be opened: there is no such file"},
     {"bypass_event_file_named_as_the_water_level_file",
      {},
      {"BYPFILE: none.dat"},
      opening_and({"Opening Non-uniform Bypass Event Input File: none.dat"}),
-     "Cannot not open water level file"},
+     "Cannot not open water level file",
+     "run.cfg: line 37: BYPFILE: 'none.dat' cannot be opened: there is no such file"},
     {"tidal_current_file",
      {},
      {"TIDEFILE: 20 5 none.dat"},
      opening_and({"Opening Tidal Current Input File: none.dat"}),
-     "Cannot not open tidal current file"},
-    {"report", {{"PRFILE", "no_folder/run.prt"}}, {}, opening(), "Cannot not open prtfil file"},
+     "Cannot not open tidal current file",
+     "run.cfg: line 37: TIDEFILE: 'none.dat' cannot be opened: there is no such file"},
+    {"report",
+     {{"PRFILE", "no_folder/run.prt"}},
+     {},
+     opening(),
+     "Cannot not open prtfil file",
+     "run.cfg: line 6: PRFILE: 'no_folder/run.prt' cannot be opened for writing: No such file or "
+     "directory"},
     // What the file must hold.
     {"no_marker", {{"KELPRUN", ""}}, {}, opening(), "Configuration file not targeted for KelpRun"},
     {"marker_with_a_leading_blank",
@@ -106,43 +120,85 @@ const std::vector<Stop> ROWS{
     {"table_interval_left_out", {{"DTSAVE", ""}}, {}, opening(), "DTSAVE must be > 0."},
     {"table_interval_0", {{"DTSAVE", "0"}}, {}, opening(), "DTSAVE must be > 0."},
     // Values that cannot be decoded, one for each form.
-    {"whole_number", {{"NX", "twenty"}}, {}, opening(), "Invalid config data: NX: twenty"},
+    {"whole_number",
+     {{"NX", "twenty"}},
+     {},
+     opening(),
+     "Invalid config data: NX: twenty",
+     "run.cfg: line 9: NX: 'twenty' is no whole number"},
     {"whole_number_with_decimals",
      {{"NX", "20.5"}},
      {},
      opening(),
-     "Invalid config data: NX: 20.5"},
-    {"real", {{"DT", "1h"}}, {}, opening(), "Invalid config data: DT: 1h"},
-    {"double", {}, {"DTMIN: none"}, opening(), "Invalid config data: DTMIN: none"},
-    {"real_list", {{"K1", "0.4 zero"}}, {}, opening(), "Invalid config data: K1: 0.4 zero"},
-    {"whole_number_list", {{"IK1END", "10 x"}}, {}, opening(), "Invalid config data: IK1END: 10 x"},
+     "Invalid config data: NX: 20.5",
+     "run.cfg: line 9: NX: '20.5' is no whole number"},
+    {"real",
+     {{"DT", "1h"}},
+     {},
+     opening(),
+     "Invalid config data: DT: 1h",
+     "run.cfg: line 13: DT: '1h' is no number"},
+    {"double",
+     {},
+     {"DTMIN: none"},
+     opening(),
+     "Invalid config data: DTMIN: none",
+     "run.cfg: line 37: DTMIN: 'none' is no number"},
+    {"real_list",
+     {{"K1", "0.4 zero"}},
+     {},
+     opening(),
+     "Invalid config data: K1: 0.4 zero",
+     "run.cfg: line 15: K1: 'zero' is no number"},
+    {"whole_number_list",
+     {{"IK1END", "10 x"}},
+     {},
+     opening(),
+     "Invalid config data: IK1END: 10 x",
+     "run.cfg: line 17: IK1END: 'x' is no whole number"},
     {"whole_number_of_8_columns",
      {{"SIMDATE", "10 days"}},
      {},
      opening(),
-     "Invalid config data: SIMDATE: 10 days"},
-    {"logical", {{"PRWARN", "no"}}, {}, opening(), "Invalid config data: PRWARN: no"},
+     "Invalid config data: SIMDATE: 10 days",
+     "run.cfg: line 12: SIMDATE: '10 days' is no whole number in its first 8 columns"},
+    {"logical",
+     {{"PRWARN", "no"}},
+     {},
+     opening(),
+     "Invalid config data: PRWARN: no",
+     "run.cfg: line 34: PRWARN: 'no' is no T or F"},
     {"name_without_its_closing_quote",
      {{"INIFILE", "\"shore.dat"}},
      {},
      start_and({"Simulation Title: test"}),
-     "Invalid config data: INIFILE: \"shore.dat"},
+     "Invalid config data: INIFILE: \"shore.dat",
+     "run.cfg: line 3: INIFILE: '\"shore.dat' is no name: a closing quote is missing, or it holds "
+     "a NUL byte"},
     {"items_of_a_wave_file",
      {{"WAVEID", "20 deep 0 waves.dat"}},
      {},
      without_last(opening(), 1),
-     "Invalid config data: WAVEID: 20 deep 0 waves.dat"},
+     "Invalid config data: WAVEID: 20 deep 0 waves.dat",
+     "run.cfg: line 5: WAVEID: 'deep' is no item of its kind, or has no closing quote"},
     {"first_52_characters_of_a_long_line",
      {},
      {LONG_LINE},
      opening(),
-     "Invalid config data: " + LONG_LINE.substr(0, 52)},
+     "Invalid config data: " + LONG_LINE.substr(0, 52),
+     "run.cfg: line 37: DTMAX: '" + std::string(40, 'x') + "...' is no number"},
     {"number_of_wave_files",
      {{"NUMWAVES", "one"}},
      {},
      start_and({"Simulation Title: test", "Reading Initial Shoreline: shore.dat"}),
-     "Cannot not open wave file"},
-    {"tidal_factor", {}, {"KTIDE: half"}, opening(), "Cannot not open wave file"},
+     "Cannot not open wave file",
+     "run.cfg: line 4: NUMWAVES: 'one' is no whole number in its first 8 columns"},
+    {"tidal_factor",
+     {},
+     {"KTIDE: half"},
+     opening(),
+     "Cannot not open wave file",
+     "run.cfg: line 37: KTIDE: 'half' is no number"},
 };
 
 class reading_stops : public testing::TestWithParam<Stop> {};
@@ -151,7 +207,7 @@ TEST_P(reading_stops, with_its_message_and_leaves_an_existing_report_alone) {
   const Stop& row = GetParam();
   Case stopped(row.changes, row.more_lines);
   stopped.with("run.prt", "of an earlier run\n").run();
-  expect_fatal(stopped, {row.before}, row.message);
+  expect_fatal(stopped, {row.before}, row.message, row.explained);
   EXPECT_EQ(stopped.report(), "of an earlier run\n");
   EXPECT_FALSE(stopped.folder.exists("run.slo"));
 }
@@ -177,7 +233,8 @@ TEST(reading, the_missing_marker_is_told_after_every_named_file_was_opened) {
   Case stopped(Changes{{"KELPRUN", ""}, {"INIFILE", "none.dat"}});
   stopped.run();
   expect_fatal(stopped, {START, TITLE, free_lines({"Reading Initial Shoreline: none.dat"})},
-               "Cannot not open initial shoreline file");
+               "Cannot not open initial shoreline file",
+               "run.cfg: line 2: INIFILE: 'none.dat' cannot be opened: there is no such file");
 }
 
 TEST(reading, every_named_file_is_echoed_where_its_line_stands) {

@@ -13,6 +13,7 @@ struct Short {
   std::string text;
   Lines printed;
   std::string message;
+  std::string explained;
 };
 
 std::ostream& operator<<(std::ostream& out, const Short& row) { return out << row.name; }
@@ -38,36 +39,44 @@ const std::vector<Short> ROWS{
      "shore.dat",
      HEADERS,
      SHORELINE,
-     "INITIAL SHORELINE FILE CONTAINS TOO FEW VALUES"},
+     "INITIAL SHORELINE FILE CONTAINS TOO FEW VALUES",
+     "shore.dat: line 4: the file ends after 0 of 20 values"},
     {"empty_shoreline",
      {},
      {},
      "shore.dat",
      "",
      SHORELINE,
-     "INITIAL SHORELINE FILE CONTAINS TOO FEW VALUES"},
+     "INITIAL SHORELINE FILE CONTAINS TOO FEW VALUES",
+     "shore.dat: line 0: the file ends after 0 of 4 header lines"},
     {"shoreline_of_19_values",
      {},
      {},
      "shore.dat",
      HEADERS + TEN + "9 9 9 9 9 9 9 9 9\n",
      SHORELINE,
-     "INITIAL SHORELINE FILE CONTAINS TOO FEW VALUES"},
+     "INITIAL SHORELINE FILE CONTAINS TOO FEW VALUES",
+     "shore.dat: line 6: the file ends after 19 of 20 values"},
     {"shoreline_whose_long_line_loses_its_surplus",
      {},
      {},
      "shore.dat",
      HEADERS + "9 9 9 9 9 9 9 9 9 9 9 9 9 9 9 9 9 9 9 9\n",
      SHORELINE,
-     "INITIAL SHORELINE FILE CONTAINS TOO FEW VALUES"},
+     "INITIAL SHORELINE FILE CONTAINS TOO FEW VALUES",
+     "shore.dat: line 5: the file ends after 10 of 20 values"},
     {"contour_of_headers_alone", WITH_CONTOUR, CONTOUR_ECHO, "reg.dat", HEADERS, CONTOUR,
-     "REGIONAL CONTOUR FILE CONTAINS TOO FEW VALUES"},
+     "REGIONAL CONTOUR FILE CONTAINS TOO FEW VALUES",
+     "reg.dat: line 4: the file ends after 0 of 20 values"},
     {"contour_of_one_group", WITH_CONTOUR_3, CONTOUR_ECHO, "reg.dat", HEADERS + TEN, CONTOUR,
-     "REGIONAL CONTOUR FILE CONTAINS TOO FEW VALUES"},
+     "REGIONAL CONTOUR FILE CONTAINS TOO FEW VALUES",
+     "reg.dat: line 5: the file ends after 10 of 20 values"},
     {"widths_of_headers_alone", WITH_WIDTHS, WIDTHS_ECHO, "dx.dat", HEADERS, WIDTHS,
-     "VARIABLE DX FILE CONTAINS TOO FEW VALUES"},
+     "VARIABLE DX FILE CONTAINS TOO FEW VALUES",
+     "dx.dat: line 4: the file ends after 0 of 20 values"},
     {"widths_of_12_values", WITH_WIDTHS, WIDTHS_ECHO, "dx.dat", HEADERS + TEN + "9 9\n", WIDTHS,
-     "VARIABLE DX FILE CONTAINS TOO FEW VALUES"},
+     "VARIABLE DX FILE CONTAINS TOO FEW VALUES",
+     "dx.dat: line 6: the file ends after 12 of 20 values"},
 };
 
 class too_few_values : public testing::TestWithParam<Short> {};
@@ -76,7 +85,8 @@ TEST_P(too_few_values, are_told_on_the_console_and_in_the_report) {
   const Short& row = GetParam();
   Case ended(row.changes);
   ended.with(row.file, row.text).run();
-  expect_fatal(ended, {opening(), row.echoes, free_lines(row.printed), {""}}, row.message);
+  expect_fatal(ended, {opening(), row.echoes, free_lines(row.printed), {""}}, row.message,
+               row.explained);
   EXPECT_EQ(ended.report(), text_of({free_lines(row.printed)}));
   EXPECT_FALSE(ended.folder.exists("run.slo"));
 }
@@ -88,7 +98,8 @@ TEST(shoreline_and_contour, are_read_in_step_so_that_the_shoreline_is_told_first
   Case ended(WITH_CONTOUR);
   ended.with("shore.dat", HEADERS + TEN).with("reg.dat", HEADERS + TEN).run();
   expect_fatal(ended, {opening(), CONTOUR_ECHO, free_lines(SHORELINE), {""}},
-               "INITIAL SHORELINE FILE CONTAINS TOO FEW VALUES");
+               "INITIAL SHORELINE FILE CONTAINS TOO FEW VALUES",
+               "shore.dat: line 5: the file ends after 10 of 20 values");
 }
 
 TEST(shoreline_file, too_many_values_are_not_noticed) {
@@ -204,7 +215,7 @@ const std::vector<Step> STEPS{
      "ERROR. DTSAVE not a multiple of simulation time step."},
     {"fill_that_starts_in_month_13",
      {},
-     fill("19971301", "19970110"),
+     fill("19971301", "19980110"),
      STEADY,
      FILL_DATES,
      "ERROR. Incorrect format on beach fill dates."},

@@ -11,6 +11,7 @@ struct Nonsense {
   std::string name;
   Lines lines;
   std::string message;
+  std::string explained = "";
 };
 
 std::ostream& operator<<(std::ostream& out, const Nonsense& row) { return out << row.name; }
@@ -70,7 +71,10 @@ const std::vector<Nonsense> NONSENSE{
           inlet(12, 13),
           {"IMOR: 1", "IDREDS: 19970101", "DRDAY: 0", "DREDV: 10"}}),
      "dredging event 2 of inlet 2: DREDV needs a DRDAY before it, not 0"},
-    {"dredging_ahead_of_all_inlets", {"IMOR: 3"}, "IMOR stands before any IINLS line"},
+    {"dredging_ahead_of_all_inlets",
+     {"IMOR: 3"},
+     "IMOR stands before any IINLS line",
+     "run.cfg: line 37: IMOR: no IINLS line stands ahead of it"},
 };
 
 class inlets_refused : public testing::TestWithParam<Nonsense> {};
@@ -78,7 +82,7 @@ class inlets_refused : public testing::TestWithParam<Nonsense> {};
 TEST_P(inlets_refused, by_a_fatal_message_and_nothing_is_computed) {
   Case refused({}, GetParam().lines);
   refused.run();
-  expect_fatal(refused, {opening()}, GetParam().message);
+  expect_fatal(refused, {opening()}, GetParam().message, GetParam().explained);
   EXPECT_FALSE(refused.folder.exists("Inlet1.irv"));
   EXPECT_FALSE(refused.folder.exists("run.slo"));
 }

@@ -96,14 +96,22 @@ INSTANTIATE_TEST_SUITE_P(forms, input_files,
                                               }}),
                          [](const auto& form) { return form.param.name; });
 
-TEST(line_of_the_configuration, ends_at_column_255) {
+TEST(line_of_the_configuration, ends_at_column_255_and_a_longer_one_is_told) {
   // The end date stands in the columns 254 to 256: its last digit is lost.
   const std::string line = "SIMDATE:" + std::string(245, ' ') + "105";
   Case cut(Changes{{"SIMDATE", ""}}, {line});
   cut.run();
-  expect_completed(cut);
+  EXPECT_EQ(cut.outcome.status, 0);
   EXPECT_EQ(cut.outcome.out,
             text_of({opening(), banner(), begins(), year_block(0, 10, 19970101), closing()}));
+  EXPECT_EQ(cut.outcome.err,
+            "kelprun: warning: run.cfg: line 36: what stands behind column 255 is not read\n");
+}
+
+TEST(line_of_the_configuration, of_blanks_behind_column_255_is_as_good_as_any) {
+  Case run(Changes{{"SIMDATE", "10" + std::string(300, ' ')}});
+  run.run();
+  expect_completed(run);
 }
 
 TEST(title, is_cut_at_64_characters) {

@@ -53,8 +53,10 @@ std::string contents(const File& file) {
   _exit(127);
 }
 
+using Watch = std::function<void(pid_t)>;
+
 /// Waits for the end of the process, or kills it at the deadline. Gives the status as waitpid does.
-int wait_or_kill(pid_t pid, double timeout_seconds, bool& timed_out) {
+int wait_or_kill(pid_t pid, double timeout_seconds, const Watch& watch, bool& timed_out) {
   const auto deadline =
       std::chrono::steady_clock::now() + std::chrono::duration<double>(timeout_seconds);
   int status = 0;
@@ -66,12 +68,13 @@ int wait_or_kill(pid_t pid, double timeout_seconds, bool& timed_out) {
       timed_out = true;
       kill(pid, SIGKILL);
     }
+    if (!timed_out && watch) watch(pid);
     if (!timed_out) std::this_thread::sleep_for(std::chrono::milliseconds(1));
   }
 }
 
-Outcome run_words(const WorkFolder& folder, std::vector<std::string> words,
-                  double timeout_seconds) {
+Outcome run_words(const WorkFolder& folder, std::vector<std::string> words, double timeout_seconds,
+                  const Watch& watch = {}) {
   std::vector<char*> argv;
   for (std::string& word : words) argv.push_back(word.data());
   argv.push_back(nullptr);
@@ -85,7 +88,7 @@ Outcome run_words(const WorkFolder& folder, std::vector<std::string> words,
   if (pid == 0) become_program(folder.path(), argv, fileno(out.get()), fileno(err.get()));
 
   Outcome outcome{};
-  const int status = wait_or_kill(pid, timeout_seconds, outcome.timed_out);
+  const int status = wait_or_kill(pid, timeout_seconds, watch, outcome.timed_out);
   outcome.status = WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
   outcome.out = contents(out);
   outcome.err = contents(err);
@@ -144,9 +147,14 @@ void WorkFolder::write(const std::string& name, const std::string& text) const {
 
 Outcome run_program(const WorkFolder& folder, const std::vector<std::string>& args,
                     double timeout_seconds) {
+  return run_watched(folder, args, {}, timeout_seconds);
+}
+
+Outcome run_watched(const WorkFolder& folder, const std::vector<std::string>& args,
+                    const std::function<void(pid_t)>& watch, double timeout_seconds) {
   std::vector<std::string> words{program()};
   words.insert(words.end(), args.begin(), args.end());
-  return run_words(folder, words, timeout_seconds);
+  return run_words(folder, words, timeout_seconds, watch);
 }
 
 Outcome run_shell(const WorkFolder& folder, const std::string& command, double timeout_seconds) {

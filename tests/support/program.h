@@ -1,6 +1,9 @@
 #pragma once
 
+#include <sys/types.h>
+
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -39,6 +42,10 @@ class WorkFolder {
 /// kills it after the timeout. A report of a sanitizer gives the status 99, which no run ends with.
 Outcome run_program(const WorkFolder& folder, const std::vector<std::string>& args,
                     double timeout_seconds = 10.0);
+
+/// The same, with `watch` called every millisecond with the number of the process, until it ends.
+Outcome run_watched(const WorkFolder& folder, const std::vector<std::string>& args,
+                    const std::function<void(pid_t)>& watch, double timeout_seconds = 20.0);
 
 /// The same through the shell, for a run with a closed output or a limit: "$0" in the command is
 /// the program.

@@ -206,6 +206,10 @@ TEST(groin_types, the_larger_of_the_two_distances_counts) {
   m.shore.Y(4) = m.shore.Y(5) = 10.0;
   pass(m);
   EXPECT_EQ(m.groins.ICSTR(6), 1);
+  Model mirrored = groin_coast(10.0f);
+  mirrored.shore.Y(6) = mirrored.shore.Y(7) = 10.0;
+  pass(mirrored);
+  EXPECT_EQ(mirrored.groins.ICSTR(6), 1);
 }
 
 TEST(groin_types, a_diffracting_groin_on_an_end_wall_stands_out_always) {
@@ -275,6 +279,21 @@ TEST(groin_factors, an_inlet_on_the_updrift_side_takes_all_that_would_pass) {
   EXPECT_GT(factor(m), 0.5f);
 }
 
+TEST(groin_factors, an_inlet_in_the_outermost_cells_takes_nothing) {
+  // The wall of the end is no mouth that sand is routed at.
+  Model left = coast();
+  add_groin(left, 2, 0.5f, 0.5f, 1);
+  left.boundaries.left.GROINY = 0.5f;
+  left.inlets.INLC(1) = 1;
+  EXPECT_GT(factor(left), 0.5f);
+  Model right = coast();
+  add_groin(right, NX, 0.5f, 0.5f, 1);
+  right.boundaries.right.GROINY = 0.5f;
+  right.waves.ZB.fill(-0.2f);
+  right.inlets.INLC(NX) = 1;
+  EXPECT_GT(factor(right), 0.5f);
+}
+
 TEST(groin_factors, an_inlet_beside_the_groin_leaves_the_measure_of_the_transport) {
   Model m = groin_coast(0.5f, 0.5f);
   m.inlets.INLC(5) = 1;
@@ -300,9 +319,11 @@ TEST(groin_measure, the_transport_that_a_groin_would_see) {
 
 TEST(groin_measure, a_wave_beyond_the_normal_counts_as_along_the_shore) {
   Model m = groin_coast(30.0f);
-  m.waves.ZB.fill(2.0f);
-  pass(m);
-  EXPECT_NEAR(m.groins.QGR(1), 0.0, 1e-6);
+  for (const float ZB : {2.0f, -2.0f}) {
+    m.waves.ZB.fill(ZB);
+    pass(m);
+    EXPECT_NEAR(m.groins.QGR(1), 0.0, 1e-6) << ZB;
+  }
 }
 
 TEST(groin_measure, the_gradient_factor_is_cut_to_a_whole_number) {
@@ -342,6 +363,18 @@ TEST(groin_measure, the_last_wall_has_no_cell_and_its_measure_is_0) {
     pass(m);
     EXPECT_EQ(m.groins.QGR(1), 0.0f);
   }
+}
+
+TEST(groin_measure, the_wall_before_the_last_cell_has_its_width) {
+  // The last cell is 50 m wide: 199/100 gives one where a cell of 100 m would give none.
+  Model m = coast();
+  add_groin(m, NX, 30.0f, 0.0f, 1);
+  m.boundaries.right.GROINY = 30.0f;
+  m.grid.DX(NX) = 50.0f;
+  m.profile.K2EFF.fill(199.0f);
+  m.waves.HB(NX - 1) = 0.5f;
+  pass(m);
+  EXPECT_NEAR(m.groins.QGR(1), measure(1.0, 0.2, 1.0, 1.0), 1e-5);
 }
 
 TEST(groin_measure, huge_and_undefined_gradient_factors_are_harmless) {
@@ -401,6 +434,19 @@ TEST(groins_at_breakwaters, to_the_right_of_a_left_end_only_a_tip_on_the_line_ha
   pass(m);
   EXPECT_NEAR(m.groins.BYPF(1), SEEPS, 1e-6);
   EXPECT_EQ(m.transport.QBWTIP(6), m.groins.QGR(1) * 0.25f);
+}
+
+TEST(groins_at_breakwaters, a_groin_that_sees_no_transport_counts_as_one_to_the_right) {
+  // At a left end with the tip off the line nothing is handed over, unlike to the left.
+  Model m = groin_coast(1.0f, 1.0f / 3.0f);
+  m.settings.ASHAPE = 0.75f;
+  m.profile.K1EFF(6) = 0.0f;
+  m.groins.IGCONN(1) = 1;
+  m.transport.QBWTIP.fill(9.0f);
+  pass(m);
+  EXPECT_EQ(m.groins.QGR(1), 0.0f);
+  EXPECT_NEAR(m.groins.BYPF(1), ALL, 1e-6);
+  EXPECT_EQ(m.transport.QBWTIP(6), 9.0f);
 }
 
 TEST(groins_at_breakwaters, a_level_groin_between_two_breakwaters_loses_its_bypassing) {

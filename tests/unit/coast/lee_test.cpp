@@ -96,6 +96,17 @@ TEST(lee, the_room_is_measured_from_the_shoreline_at_entry_of_the_step) {
   expect_filled(m, {0, -1, 0.75, 0.5, 0, 0, 0, 0, 0, 0}, {0, 0, 2, 1, 0, 0, 0, 0, 0, 0, 0});
 }
 
+TEST(lee, a_shoreline_that_has_advanced_leaves_less_room) {
+  // The rooms of cells 3 to 5 are 1, 0.5 and 0 m again, with cell 3 at 0.25 m and its line at 1.25.
+  Model m = six_cells();
+  m.transport.QBWTIP(3) = 60.0f;
+  m.shore.Y(3) = m.shore.YBASE(3) = m.shore.YPREV(3) = 0.25;
+  m.shore.YBW(3) = 1.25;
+  m.shore.YBW(4) = 0.5;
+  m.shore.YBW(5) = 0.0;
+  expect_filled(m, {0, -1, 0.75, 0.5, 0, 0, 0, 0, 0, 0}, {0, 0, 2, 1, 0, 0, 0, 0, 0, 0, 0});
+}
+
 TEST(lee, a_shoreline_ahead_of_the_line_leaves_no_room_and_takes_nothing_out) {
   // Cells 3 to 5 lie at the line but for cell 3, which is ahead of it by less than counts as
   // passed: CAP would be negative and is 0. Cell 3 goes back to the line, its sand to cell 2.
@@ -144,6 +155,22 @@ TEST(lee, a_cell_outside_that_stands_on_its_seawall_gives_nothing) {
   m.transport.QBWTIP(3) = 6.0f;
   m.shore.YSW(2) = 0.0;
   expect_filled(m, {0, 0, 0, 0, 0, 0, 0, 0, 0, 0}, {0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0});
+}
+
+TEST(lee, a_cell_outside_that_lies_behind_its_seawall_is_asked_for_nothing) {
+  // It would need sand, but the lee has none to give.
+  Model m = six_cells();
+  m.transport.QBWTIP(3) = 6.0f;
+  m.shore.YSW(2) = 1.0;
+  expect_filled(m, {0, 0, 0, 0, 0, 0, 0, 0, 0, 0}, {0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0});
+}
+
+TEST(lee, the_seawall_of_an_end_cell_holds_too) {
+  // Cells 2 to 7 of eight, so that the cell outside is the coast's last one: it gives 0.5 m alone.
+  Model m = exact_lee(8, 2, 7);
+  m.transport.QBWTIP(2) = 6.0f;
+  m.shore.YSW(1) = -0.5;
+  expect_filled(m, {-0.5, 0.25, 0.25, 0, 0, 0, 0, 0}, {0, 1, 0.5f, 0, 0, 0, 0, 0, 0});
 }
 
 TEST(lee, sand_going_back_to_both_walls_is_cut_at_the_seawalls_too) {
@@ -244,6 +271,13 @@ TEST(lee, a_surplus_that_leaves_beside_an_inlet_comes_down_beyond_it) {
   expect_filled(m, {2, 0, 0, -2, 0, 0, 0, 0, 0, 0}, {0, -4, -4, -4, 0, 0, 0, 0, 0, 0, 0});
 }
 
+TEST(lee, a_surplus_that_leaves_through_an_inlet_at_the_end_leaves_the_coast) {
+  Model m = exact_lee(8, 2, 7);
+  m.inlets.INLC(1) = 1;
+  m.transport.QBWTIP(2) = -2.0f;
+  expect_filled(m, {0, -1, 0, 0, 0, 0, 0, 0}, {-2, -2, 0, 0, 0, 0, 0, 0, 0});
+}
+
 TEST(lee, a_surplus_goes_past_a_lee_that_begins_beyond_the_inlet) {
   // Lees on cells 3 to 5 and 7 to 9 with an inlet between: 4 and 2 m3/s too much. What leaves
   // the first one on the right passes the second one and lies on cell 10, what leaves the second
@@ -339,6 +373,15 @@ TEST(lee, left_of_the_first_groin_the_surplus_leaves_left_and_right_of_it_right)
   fill(m);
   EXPECT_EQ(shoreline(m), (Shoreline{0, 1, 0, 0, 0, 0, 0, 0, 1, 0}));
   EXPECT_EQ(walls(m), (Walls{0, 0, -2, -2, 0, 2, 2, 2, 2, 0, 0}));
+}
+
+TEST(lee, a_groin_before_the_last_cell_of_the_lee_leaves_all_others_to_the_left_tip) {
+  // Cell 7 is 1 m over the line: its 2 m3/s go left into cell 6 and not past the groin at wall 8.
+  Model m = six_cells();
+  m.groins.ICSTR(8) = 1;
+  m.shore.YBW(7) = 0.0;
+  m.shore.Y(7) = m.shore.YBASE(7) = 1.0;
+  expect_filled(m, {0, 0, 0, 0, 0, 1, 0, 0, 0, 0}, {0, 0, 0, 0, 0, 0, -2, 0, 0, 0, 0});
 }
 
 TEST(lee, the_middle_cell_of_an_odd_lee_belongs_to_the_left_tip) {

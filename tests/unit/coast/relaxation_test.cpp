@@ -78,6 +78,13 @@ TEST(relaxation, a_transport_of_exactly_a_millionth_counts_as_positive) {
   EXPECT_EQ(relaxed(row), row);
 }
 
+TEST(relaxation, a_transport_of_exactly_a_millionth_beside_a_nodal_point_is_replaced) {
+  // (2 1e-6 + 6 80)/8 is 60 in single precision; then (2 80 + 6 8)/8 and (2 8 + 6 2)/8.
+  constexpr std::array<float, 11> before{2, 8, 80, 1e-6f, 0, 1e-6f, 80, 8, 8, 8, 8};
+  constexpr std::array<float, 11> expected{2, 3.5f, 26, 60, 0, 60, 26, 8, 8, 8, 8};
+  EXPECT_EQ(relaxed(before), expected);
+}
+
 TEST(relaxation, an_isolated_positive_wall_between_negative_ones_takes_on_their_sign) {
   // From 4 up: 5 -> (2 4 - 6)/8 = 0.25. From 6 down: 5 -> (2 0.25 - 6)/8 = -0.6875.
   constexpr std::array<float, 9> before{-1, -1, -1, -1, 4, -1, -1, -1, -1};

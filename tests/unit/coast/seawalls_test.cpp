@@ -82,6 +82,16 @@ TEST(seawalls, a_seawall_of_two_cells_has_its_two_positions_alone) {
   EXPECT_EQ(m.shore.YSW(2), 50.0);
 }
 
+TEST(seawalls, the_positions_at_the_ends_are_not_interpolated) {
+  // 0.3 is not 100.1 + (0.3 - 100.1) in single precision.
+  ASSERT_NE(100.1f + (0.3f - 100.1f), 0.3f);
+  Model m = kelptest::small_model(3);
+  build(m.seawalls, 1, 3, 100.1f, 0.3f);
+  set_limits(m);
+  EXPECT_EQ(m.shore.YSW(1), static_cast<double>(100.1f));
+  EXPECT_EQ(m.shore.YSW(3), static_cast<double>(0.3f));
+}
+
 TEST(seawalls, positions_in_feet_become_metres) {
   Model m = kelptest::small_model(4);
   m.settings.CONV = 0.3048f;

@@ -63,6 +63,14 @@ TEST(wall_types, groins_on_the_end_walls_mark_the_inner_neighbour_alone) {
   EXPECT_EQ(types(m), (std::vector{1, 2, 0, 0, 0, 0, 0, 0, 0, 2, 1}));
 }
 
+TEST(wall_types, groins_beside_the_end_walls_mark_them) {
+  Model m = coast();
+  add_diffracting(m, 2);
+  add_diffracting(m, NX);
+  set_wall_types(m.grid, m.groins);
+  EXPECT_EQ(types(m), (std::vector{2, 1, 2, 0, 0, 0, 0, 0, 2, 1, 2}));
+}
+
 TEST(wall_types, two_groins_share_the_wall_between_them) {
   Model m = coast();
   add_diffracting(m, 4);
@@ -91,15 +99,16 @@ TEST(connections, groins_know_which_ends_of_breakwaters_they_hold) {
 
 TEST(connections, breakwaters_know_which_of_their_ends_have_groins) {
   Model m = coast();
-  for (const std::int32_t wall : {1, 4, 9}) add_to_list(m, wall);
+  for (const std::int32_t wall : {1, 4, 9, 11}) add_to_list(m, wall);
   add_breakwater(m, 1, 4);
   add_breakwater(m, 4, 6);
+  add_breakwater(m, 6, 7);
   add_breakwater(m, 7, 9);
   add_breakwater(m, 9, 10);
   add_breakwater(m, 10, 11);
   connect_groins_and_breakwaters(m.groins, m.breakwaters);
-  const std::array expected{3, 1, 2, 1, 0};
-  for (std::int32_t k = 1; k <= 5; ++k)
+  const std::array expected{3, 1, 0, 2, 1, 2};
+  for (std::int32_t k = 1; k <= 6; ++k)
     EXPECT_EQ(m.breakwaters.attached(k), expected[static_cast<std::size_t>(k - 1)]) << k;
 }
 

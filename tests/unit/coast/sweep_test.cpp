@@ -288,6 +288,13 @@ TEST(sweep, a_cell_that_comes_to_stand_exactly_on_its_seawall_is_not_repaired) {
   sweep(m);
   expect_transport(m, Walls4{1, 1, 5, 5});
   expect_shoreline(m, Cells3{0, -2, 0});
+  // With a source of 1 m: a repair would leave it out and change the wall.
+  Model fed = exact_coast(Walls4{1, 1, 5, 5});
+  fed.shore.DYSRC(2) = 1.0;
+  fed.shore.YSW(2) = -1.0;
+  sweep(fed);
+  expect_transport(fed, Walls4{1, 1, 5, 5});
+  expect_shoreline(fed, Cells3{0, -1, 0});
 }
 
 TEST(sweep, the_retreat_to_a_seawall_counts_from_the_shoreline_in_single_precision) {

@@ -229,6 +229,19 @@ TEST(transport_at_structures, sand_to_the_left_is_taken_off_at_the_other_tip) {
   EXPECT_EQ(m.transport.QBWTIP(5), 0.0f);
 }
 
+TEST(transport_at_structures, a_lee_of_the_last_cell_alone_is_entered_too) {
+  Model m = coast_with_drift(0.2f);
+  m.shore.Y.fill(50.0);
+  m.breakwaters.IBWST(12) = 1;
+  m.shore.YBW(12) = 58.0;
+  compute(m);
+  const float F = share_landward(8.0f, m.waves.HB(12) * (1.27f / 0.78f), 0.1f);
+  const float whole = left_sided(m, 12);
+  EXPECT_GT(m.transport.QBWTIP(12), 0.0f);
+  EXPECT_EQ(m.transport.QBWTIP(12), whole * 0.5f * F);
+  EXPECT_EQ(m.transport.Q(12), whole - whole * 0.5f * F);
+}
+
 TEST(transport_at_structures, the_distance_to_the_tip_is_measured_from_the_mean_of_both_cells) {
   Model m = coast_with_breakwater(0.2f);
   m.shore.Y(4) = 44.0;  // mean 47: 11 m to the line

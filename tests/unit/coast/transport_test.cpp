@@ -218,6 +218,14 @@ TEST(transport, a_wave_just_beyond_the_other_normal_moves_nothing) {
   EXPECT_LT(m.transport.Q(7), 0.0f);
 }
 
+TEST(transport, a_wave_beyond_the_other_normal_moves_nothing_at_the_last_wall_but_one) {
+  Model m = uniform_coast();
+  m.waves.ZB.fill(-0.2f);
+  m.waves.ZB(8) = -BEYOND;
+  compute(m);
+  EXPECT_EQ(m.transport.Q(8), 0.0f);
+}
+
 TEST(transport, half_of_pi_itself_is_not_beyond_the_normal) {
   Model m = uniform_coast();
   m.waves.ZB.fill(0.2f);

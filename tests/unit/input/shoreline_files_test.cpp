@@ -51,7 +51,7 @@ class shoreline_files : public testing::Test {
   }
 
   void open_report() {
-    ASSERT_TRUE(report.open(path("run.prt")));
+    ASSERT_TRUE(report.set_name(path("run.prt")));
     report.begin();
   }
 

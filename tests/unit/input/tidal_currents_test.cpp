@@ -81,7 +81,7 @@ class tidal_currents : public testing::Test {
                       const std::vector<std::string>& lines, const std::string& message) {
     no_stations();
     station(10, "19970101 " + first + " 0\n19970101 " + second + " 0\n");
-    ASSERT_TRUE(report.open(path("run.prt")));
+    ASSERT_TRUE(report.set_name(path("run.prt")));
     report.begin();
     const Said said = read(2, DT);
     EXPECT_EQ(said.status, 1);

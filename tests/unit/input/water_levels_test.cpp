@@ -40,7 +40,7 @@ class water_levels : public testing::Test {
   void expect_refused(const std::string& first, const std::string& second, float DT,
                       const std::vector<std::string>& lines, const std::string& message) {
     kelprun::Report& told = report;
-    ASSERT_TRUE(told.open(path("run.prt")));
+    ASSERT_TRUE(told.set_name(path("run.prt")));
     told.begin();
     const Said said = read_times(first, second, DT);
     EXPECT_EQ(said.status, 1);

@@ -55,14 +55,11 @@ class wave_events : public testing::Test {
   }
 
   void open_report() {
-    ASSERT_TRUE(report.open(path("run.prt")));
+    ASSERT_TRUE(report.set_name(path("run.prt")));
     report.begin();
   }
 
-  std::vector<std::string> report_lines() {
-    report.flush();
-    return kelptest::lines(folder.read("run.prt"));
-  }
+  std::vector<std::string> report_lines() { return kelptest::lines(folder.read("run.prt")); }
 
   kelprun::Waves& waves() { return model.waves; }
 

@@ -125,7 +125,7 @@ TEST_F(wave_table, only_the_first_two_entries_count) {
 TEST_F(wave_table, a_steady_file_steps_with_the_model) { EXPECT_EQ(step({}), 0.25f); }
 
 TEST_F(wave_table, a_first_step_across_the_end_of_a_month_stops_the_run) {
-  ASSERT_TRUE(report.open(path("run.prt")));
+  ASSERT_TRUE(report.set_name(path("run.prt")));
   report.begin();
   const Said said = set_step({{19970131, 2300}, {19970201, 0}});
   EXPECT_EQ(said.out, kelptest::fatal_record("ERROR. Wave time step exceeds one month."));

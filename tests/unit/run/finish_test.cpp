@@ -21,7 +21,7 @@ class FinishTest : public testing::Test {
   FinishTest() {
     run.model = kelptest::coast_in_metres(2);
     run.tables.open((folder_.path() / "run.").string(), 2);
-    run.report.open((folder_.path() / "run.prt").string());
+    run.report.set_name((folder_.path() / "run.prt").string());
     run.report.begin();
     Clock& c = run.model.clock;
     c.SPD = 8.0f;

@@ -17,13 +17,10 @@ namespace kelptest {
 class ReadableReport {
  public:
   ReadableReport() {
-    report.open((folder_.path() / "run.prt").string());
+    report.set_name((folder_.path() / "run.prt").string());
     report.begin();
   }
-  std::vector<std::string> lines() {
-    report.flush();
-    return kelptest::lines(folder_.read("run.prt"));
-  }
+  std::vector<std::string> lines() { return kelptest::lines(folder_.read("run.prt")); }
 
   kelprun::Report report;
 

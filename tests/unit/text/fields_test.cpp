@@ -45,4 +45,19 @@ TEST(fields, an_opening_quote_wants_a_closing_one) {
   EXPECT_FALSE(unquoted("\"").has_value());
 }
 
+TEST(printable, keeps_letters_of_all_languages_and_no_control_character) {
+  EXPECT_EQ(kelprun::printable("Plage d'\xC3\x89t\xC3\xA9, 100 %"),
+            "Plage d'\xC3\x89t\xC3\xA9, 100 %");
+  EXPECT_EQ(kelprun::printable(std::string_view("a\0b\tc\x1B[2J\x7F\n", 11)), "a?b?c?[2J??");
+  EXPECT_EQ(kelprun::printable(""), "");
+}
+
+TEST(shown, is_in_quotes_and_cut_behind_40_characters) {
+  EXPECT_EQ(kelprun::shown("12x"), "'12x'");
+  EXPECT_EQ(kelprun::shown(""), "''");
+  EXPECT_EQ(kelprun::shown(std::string(40, 'x')), "'" + std::string(40, 'x') + "'");
+  EXPECT_EQ(kelprun::shown(std::string(41, 'x')), "'" + std::string(40, 'x') + "...'");
+  EXPECT_EQ(kelprun::shown("1\x07"), "'1?'");
+}
+
 }  // namespace

@@ -43,7 +43,7 @@ class FullDisk {
 };
 
 TEST_F(output_file, records_become_lines) {
-  ASSERT_TRUE(file.open(path("out.dat"), true));
+  ASSERT_TRUE(file.open(path("out.dat")));
   file.record("one");
   file.record("");
   file.record("three");
@@ -54,59 +54,61 @@ TEST_F(output_file, records_become_lines) {
 
 TEST_F(output_file, an_emptied_file_loses_what_it_held) {
   folder.write("out.dat", "old\n");
-  ASSERT_TRUE(file.open(path("out.dat"), true));
+  ASSERT_TRUE(file.open(path("out.dat")));
   file.close();
   EXPECT_EQ(folder.read("out.dat"), "");
 }
 
-TEST_F(output_file, a_file_that_is_not_emptied_keeps_what_it_held) {
+TEST_F(output_file, to_be_found_keeps_what_it_holds_and_is_made_where_it_is_missing) {
   folder.write("out.dat", "old\n");
-  ASSERT_TRUE(file.open(path("out.dat"), false));
-  file.close();
+  EXPECT_TRUE(OutputFile::find_or_make(path("out.dat")));
   EXPECT_EQ(folder.read("out.dat"), "old\n");
+  EXPECT_TRUE(OutputFile::find_or_make(path("new.dat")));
+  EXPECT_EQ(folder.read("new.dat"), "");
 }
 
 TEST_F(output_file, a_name_in_no_folder_cannot_be_opened) {
-  EXPECT_FALSE(file.open(path("absent/out.dat"), true));
+  EXPECT_FALSE(OutputFile::find_or_make(path("absent/out.dat")));
+  EXPECT_FALSE(file.open(path("absent/out.dat")));
   EXPECT_FALSE(file.is_open());
 }
 
 TEST_F(output_file, a_pipe_is_not_waited_for) {
   ASSERT_EQ(mkfifo(path("pipe").c_str(), 0600), 0);
-  EXPECT_FALSE(file.open(path("pipe"), true));
-  EXPECT_FALSE(file.open(path("pipe"), false));
+  EXPECT_FALSE(OutputFile::find_or_make(path("pipe")));
+  EXPECT_FALSE(file.open(path("pipe")));
 }
 
-TEST_F(output_file, flushed_records_can_be_read_while_the_file_is_open) {
-  ASSERT_TRUE(file.open(path("out.dat"), true));
+TEST_F(output_file, a_folder_is_no_file) {
+  EXPECT_FALSE(OutputFile::find_or_make(folder.path().string()));
+  EXPECT_FALSE(file.open(folder.path().string()));
+}
+
+TEST_F(output_file, a_record_can_be_read_at_once) {
+  ASSERT_TRUE(file.open(path("out.dat")));
   file.record("one");
-  file.flush();
   EXPECT_EQ(folder.read("out.dat"), "one\n");
 }
 
 TEST_F(output_file, a_device_without_room_ends_the_run_with_file_and_record) {
-  ASSERT_TRUE(file.open("/dev/full", true));
+  ASSERT_TRUE(file.open("/dev/full"));
   const kelptest::Said said = kelptest::listen([&] {
     file.record("one");
     file.record("two");
-    file.flush();
   });
   EXPECT_EQ(said.status, 1);
-  EXPECT_EQ(said.err.find("kelprun: /dev/full: record 2 (line 2): cannot be written: "), 0u)
-      << said.err;
+  EXPECT_EQ(said.err,
+            "kelprun: /dev/full: record 1 (line 1): cannot be written: No space left on device\n");
 }
 
 TEST_F(output_file, a_full_disk_leaves_whole_records_only) {
   const std::string record(100, 'x');
-  ASSERT_TRUE(file.open(path("out.dat"), true));
+  ASSERT_TRUE(file.open(path("out.dat")));
   kelptest::Said said;
   {
     const FullDisk disk(20000);
     said = kelptest::listen([&] {
-      for (int n = 1; n <= 1000; ++n) {
-        file.record(record);
-        if (n % 7 == 0) file.flush();
-      }
+      for (int n = 1; n <= 1000; ++n) file.record(record);
     });
   }
   EXPECT_EQ(said.status, 1);
@@ -115,6 +117,16 @@ TEST_F(output_file, a_full_disk_leaves_whole_records_only) {
   // 20000 bytes hold 198 records of 101 bytes and two bytes more, which are cut off again.
   EXPECT_EQ(lines.size(), 198u);
   for (const std::string& line : lines) EXPECT_EQ(line, record);
+}
+
+TEST_F(output_file, that_somebody_removes_ends_the_run) {
+  ASSERT_TRUE(file.open(path("out.dat")));
+  file.record("one");
+  std::filesystem::remove(path("out.dat"));
+  const kelptest::Said said = kelptest::listen([&] { file.record("two"); });
+  EXPECT_EQ(said.status, 1);
+  EXPECT_EQ(said.err, "kelprun: " + path("out.dat") +
+                          ": record 2 (line 2): cannot be written: the file has been removed\n");
 }
 
 }  // namespace

@@ -10,12 +10,9 @@ namespace {
 
 class report : public testing::Test {
  protected:
-  void open() { ASSERT_TRUE(written.open((folder.path() / "run.prt").string())); }
+  void open() { ASSERT_TRUE(written.set_name((folder.path() / "run.prt").string())); }
 
-  std::string text() {
-    written.flush();
-    return folder.read("run.prt");
-  }
+  std::string text() { return folder.read("run.prt"); }
 
   kelptest::WorkFolder folder;
   kelprun::Report written;
@@ -59,13 +56,12 @@ TEST_F(report, without_a_file_all_lines_are_dropped) {
   written.line("early");
   written.begin();
   written.line("late");
-  written.flush();
   written.close();
   EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
 }
 
 TEST_F(report, a_report_in_no_folder_cannot_be_opened) {
-  EXPECT_FALSE(written.open((folder.path() / "absent/run.prt").string()));
+  EXPECT_FALSE(written.set_name((folder.path() / "absent/run.prt").string()));
 }
 
 TEST_F(report, an_array_stands_ten_to_a_line) {

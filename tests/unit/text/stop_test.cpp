@@ -52,10 +52,10 @@ TEST(stop, the_handler_is_given_the_status) {
 TEST(stop, what_was_written_reaches_its_file_before_the_run_ends) {
   const kelptest::WorkFolder folder;
   OutputFile file;
-  ASSERT_TRUE(file.open((folder.path() / "out.dat").string(), true));
-  file.record("unflushed");
+  ASSERT_TRUE(file.open((folder.path() / "out.dat").string()));
+  file.record("one");
   EXPECT_EQ(listen([] { fatal("end"); }).status, 1);
-  EXPECT_EQ(folder.read("out.dat"), "unflushed\n");
+  EXPECT_EQ(folder.read("out.dat"), "one\n");
 }
 
 TEST(stop_of_the_process, the_usual_handler_ends_the_process_with_the_status) {

@@ -67,6 +67,18 @@ TEST(active_depth, a_wave_too_steep_for_it_ends_the_run_and_names_the_first_such
     EXPECT_NE(lines[6].find(height), std::string::npos) << lines[6];
 }
 
+TEST(active_depth, the_last_cell_alone_ends_the_run_too) {
+  Model m = kelptest::small_model(4);
+  m.waves.HRF.fill(1.0f);
+  m.waves.HRF(4) = 1.5f;
+  m.waves.TRF.fill(2.0f);
+  kelptest::ReadableReport readable;
+  const kelptest::Said said =
+      kelptest::listen([&] { set_active_depth(m.grid, m.clock, m.waves, readable.report); });
+  EXPECT_EQ(said.status, 1);
+  EXPECT_EQ(readable.lines().at(4), "  CURRENT INDEX: 4");
+}
+
 TEST(active_depth, of_exactly_zero_ends_the_run_as_well) {
   Model m = kelptest::small_model(2);
   m.waves.HRF.fill(0.0f);

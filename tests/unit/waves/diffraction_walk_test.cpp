@@ -124,6 +124,41 @@ TEST(diffraction_walk, two_centimetres_are_the_limit_of_being_grown_to_the_beach
   }
 }
 
+TEST(diffraction_walk, two_centimetres_themselves_are_not_grown_to_the_beach) {
+  Model m = sea(one_breakwater(), FROM_RIGHT);
+  m.shore.YBW(39) = static_cast<double>(0.02f);
+  ZoneByZone zones(m);
+  ASSERT_TRUE(zones.work(3));
+  EXPECT_NE(zones.zone.ZTPL, -999.0f);
+}
+
+TEST(diffraction_walk, a_structure_of_the_first_cell_can_grow_to_the_beach) {
+  Model m = sea({80, 20.0f, {}, {{1, 2, 200.0f, 6.0f, 0.3f}}}, FROM_RIGHT);
+  m.shore.Y(1) = 199.99;
+  ZoneByZone zones(m);
+  zones.compare(3);
+  EXPECT_EQ(zones.zone.ZTPL, -999.0f);
+  for (std::int32_t i = 2; i <= 81; ++i) EXPECT_EQ(m.diffraction.HBD(i), m.waves.HBU(i)) << i;
+}
+
+TEST(diffraction_walk, structures_on_the_end_walls_work_as_all_others) {
+  const std::array<CoastPlan, 6> plans{{
+      {80, 20.0f, {{1, 200.0f, 6.0f}}, {}},
+      {80, 20.0f, {{81, 200.0f, 6.0f}}, {}},
+      {80, 20.0f, {}, {{1, 11, 200.0f, 6.0f, 0.3f}}},
+      {80, 20.0f, {}, {{71, 81, 200.0f, 6.0f, 0.3f}}},
+      {80, 20.0f, {}, {{1, 11, 200.0f, 6.0f, 1.2f}}},
+      {80, 20.0f, {{1, 200.0f, 6.0f}}, {{30, 40, 200.0f, 6.0f, 1.2f}}},
+  }};
+  for (const CoastPlan& plan : plans)
+    for (const OffshoreWave& wave : {FROM_LEFT, NORMAL, FROM_RIGHT}) {
+      SCOPED_TRACE(&plan - plans.data());
+      SCOPED_TRACE(wave.degrees);
+      Model m = sea(plan, wave);
+      ZoneByZone(m).compare_all();
+    }
+}
+
 TEST(diffraction_walk, nothing_of_a_zone_gets_behind_cells_that_the_shoreline_has_filled) {
   Model m = sea(one_breakwater(), FROM_LEFT);
   m.breakwaters.IBWST(33) = -1;
@@ -160,6 +195,14 @@ TEST(diffraction_walk, the_starting_wall_is_worked_at_the_limit_of_the_other_tip
   ZoneByZone zones(m);
   zones.compare(3);
   EXPECT_GT(m.diffraction.HBD(80), 0.0f);
+}
+
+TEST(diffraction_walk, walls_between_two_cells_of_an_inlet_are_inside_it) {
+  // Cells 1 and 2, and the last two of 80.
+  Model m = sea(one_breakwater(), NORMAL);
+  for (const std::int32_t cell : {1, 2, 79, 80}) m.inlets.INLC(cell) = 1;
+  const DiffractingCoast coast = kelptest::diffracting_coast(m);
+  for (std::int32_t i = 1; i <= 81; ++i) EXPECT_EQ(coast.inside_inlet(i), i == 2 || i == 80) << i;
 }
 
 TEST(diffraction_walk, inside_an_inlet_there_is_no_wave) {

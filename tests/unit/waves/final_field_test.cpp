@@ -97,6 +97,15 @@ TEST(final_field, smoothing_does_not_reach_into_cells_that_have_grown_to_a_break
   expect_wall(m, 11, three(11));
 }
 
+TEST(final_field, smoothing_does_not_reach_into_a_grown_first_cell) {
+  Model m = field();
+  m.breakwaters.IBWST(1) = -1;
+  kelptest::finish_field(m);
+  expect_wall(m, 1, 1.0f);
+  expect_wall(m, 2, without_left(2));
+  expect_wall(m, 3, three(3));
+}
+
 TEST(final_field, cells_behind_or_beyond_a_breakwater_are_smoothed_as_any) {
   for (const std::int32_t state : {1, -2}) {
     Model m = field();
@@ -197,6 +206,19 @@ TEST(final_field, without_a_groin_the_walls_between_the_outermost_grown_cells_ar
 
 TEST(final_field, one_grown_cell_alone_replaces_nothing_without_a_groin) {
   Model m = tombolo(0, {8});
+  kelptest::finish_field(m);
+  expect_only_replaced(m, {});
+}
+
+TEST(final_field, a_grown_cell_of_the_next_breakwater_replaces_nothing_of_this_one) {
+  // The next one begins where this one ends, at wall 12, and one of its cells alone is grown.
+  Model m = tombolo(0, {8});
+  m.breakwaters.NDB = 2;
+  m.breakwaters.DBI1.append(12);
+  m.breakwaters.DBI2.append(15);
+  m.breakwaters.TRANDB.append(0.3f);
+  m.breakwaters.attached.append(0);
+  m.breakwaters.IBWST(12) = -1;
   kelptest::finish_field(m);
   expect_only_replaced(m, {});
 }

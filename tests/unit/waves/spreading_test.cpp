@@ -52,6 +52,13 @@ TEST(spreading, the_two_formulas_meet_with_a_small_step_at_a_fifth) {
   EXPECT_GT(below - above, 0.3);
 }
 
+TEST(spreading, a_fifth_of_the_wave_length_itself_counts_as_shallow) {
+  const float L0 = ((9.806f / 1.0f) * 3.141593f * 2.0f) / 1.0f;
+  const float d = 0.2f * L0;
+  ASSERT_EQ(d / L0, 0.2f);
+  EXPECT_NEAR(of(SPREADMAX(d, 1.0f).SMAX), 2.923 * std::pow(0.2, -1.027), 1e-4);
+}
+
 TEST(spreading, lies_between_ten_and_a_hundred) {
   const Sea sea(8.0);
   // 2.923 x^-1.027 reaches 100 at x = 0.0320, 9.609 x^-0.272 falls to 10 at x = 0.8637.

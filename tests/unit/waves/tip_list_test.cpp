@@ -222,6 +222,18 @@ TEST(tip_list, distances_from_a_tip_are_sums_of_the_widths_between) {
   EXPECT_EQ(coast.m.zones.DXTIPS(3), 0.0f);
 }
 
+TEST(tip_list, a_breakwater_from_the_first_wall_on_has_the_distance_of_its_tips) {
+  const Laid coast({at(1), at(11), right_end()}, {K});
+  EXPECT_EQ(coast.m.zones.DXTIPS(1), 0.0f);
+  EXPECT_EQ(coast.m.zones.DXTIPS(2), 10.0f * coast.m.grid.DX(1));
+}
+
+TEST(tip_list, a_groin_at_the_right_tip_is_joined_on_the_last_wall_but_one_too) {
+  const Laid coast({left_end(), at(NX - 5), at(NX), at(NX), at(NX), right_end()}, {K});
+  EXPECT_THAT(coast.shares(), ElementsAre(1.0f, K, -1.0f, 1.0f));
+  EXPECT_THAT(coast.joined(), ElementsAre(NX));
+}
+
 TEST(tip_list, the_order_of_the_sum_towards_the_left_can_be_told_from_its_reverse) {
   // Widths of very different size: only one of the two orders of summing gives this value.
   Model m = kelptest::small_model(NX);

@@ -109,6 +109,14 @@ TEST(tip_waves, tips_at_one_wall_share_the_wave_length_of_the_first_of_them) {
   EXPECT_LT(waves(4).SMAX, waves(3).SMAX);
 }
 
+TEST(tip_waves, both_tips_of_a_groin_on_the_last_wall_have_its_wave) {
+  Model m = kelptest::structured_coast({40, 20.0f, {{41, 150.0f, 5.0f}}, {}});
+  kelptest::send_waves(m, OBLIQUE);
+  ASSERT_EQ(m.tips.tips.size(), 3);
+  for (const std::int32_t j : {2, 3})
+    EXPECT_NEAR(of(m.diffraction.tip_waves(j).k), wave_number_at(8.0, 5.0), 1e-4) << j;
+}
+
 TEST(tip_waves, the_ends_of_the_coast_have_no_wave) {
   Model m = coast_with_breakwater(5.0f);
   kelptest::send_waves(m, OBLIQUE);

@@ -53,6 +53,14 @@ TEST(submerged_crest_method, a_value_above_one_and_a_half_is_cut_to_it_with_a_wa
   EXPECT_EQ(t.warnings, (TransmissionWarnings{.above_limit = true, .negative_range = true}));
 }
 
+TEST(submerged_crest_method, a_value_of_exactly_zero_warns_of_nothing) {
+  // No freeboard makes p and q 0; a wave this small beside the crest makes e 1.
+  const Transmitted t =
+      transmission_over_submerged_crest({1e-9f, 100.0f, 40.0f, 0.0f}, 10.0f, 1.0f);
+  EXPECT_EQ(t.KT, 0.0f);
+  EXPECT_EQ(t.warnings, NONE);
+}
+
 TEST(submerged_crest_method, a_value_below_zero_is_raised_to_it_with_a_warning) {
   // |p| = 256, |q| = 0.5: the formula gives -11.07.
   const Transmitted t =

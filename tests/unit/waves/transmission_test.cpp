@@ -334,6 +334,13 @@ TEST_F(transmission, a_breakwater_without_a_zone_takes_no_slot) {
   EXPECT_EQ(kt.KTCOUNT, 3);
 }
 
+TEST_F(transmission, a_breakwater_in_the_last_slot_has_its_coefficient) {
+  build(REEF, 1, 4.5f);
+  m.zones.KTZ = list(std::array{1.0f, 0.5f});
+  pass(1);
+  EXPECT_EQ(m.zones.KTZ(2), reef(1));
+}
+
 TEST_F(transmission, follows_random_waves_and_structures_without_a_trap) {
   kelptest::Random random(335);
   const std::array odd{0.0f, -1.0f, 1e-30f, 1e30f, std::numeric_limits<float>::quiet_NaN()};

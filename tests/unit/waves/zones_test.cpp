@@ -170,6 +170,15 @@ TEST(zones, a_buried_groin_on_the_left_boundary_leaves_the_coast_open_there) {
   }
 }
 
+TEST(zones, a_filled_first_cell_behind_a_buried_groin_has_no_wave) {
+  // The groin on wall 1 is passed, so that the zone of the breakwater begins at the open end.
+  Model m = sea({80, 20.0f, {{1, 200.0f, 6.0f, 0.0f, 4}}, {{1, 11, 200.0f, 6.0f, 0.3f}}}, NORMAL);
+  m.breakwaters.IBWST(1) = -1;
+  compare(m);
+  EXPECT_EQ(m.waves.HB(1), 0.0f);
+  EXPECT_GT(m.waves.HB(2), 0.0f);
+}
+
 TEST(zones, the_search_for_an_active_tip_ends_at_the_last_one) {
   // A buried groin on the right boundary is the end of the list and bends the waves all the same:
   // at its own wall, straight behind it, half of the energy arrives under normal waves.
@@ -289,6 +298,12 @@ TEST(zones, a_wave_number_above_that_at_breaking_leaves_the_angle_as_it_is) {
   EXPECT_EQ(c.angle(0), of(0.15f));
 }
 
+TEST(zones, a_wave_number_equal_to_that_at_breaking_keeps_the_angle_of_the_ray) {
+  Merged c;
+  c.zone.first.k = c.zone.second.k = wave_number(c.m.waves.WK0, 0.6f * (1.0f / 0.78f));
+  EXPECT_NEAR(c.angle(12), -0.5, 1e-6);
+}
+
 TEST(zones, a_marked_shoreline_orientation_counts_without_its_mark) {
   Merged c;
   const double plain = c.angle(1);
@@ -326,6 +341,31 @@ TEST(zones, a_groin_that_is_tight_on_one_side_is_tight_by_its_own_permeability) 
   EXPECT_NEAR(lee(0.5f, 0.0f, 51), dark, 1e-6);
   EXPECT_NEAR(lee(0.5f, 0.0f, 31), std::sqrt(dark * dark * 0.5 + 0.5), 0.02);
   EXPECT_NEAR(lee(0.0f, 0.5f, 31), dark, 1e-6);
+}
+
+TEST(zones, the_water_level_adds_to_the_depth_at_the_tip_of_a_short_groin) {
+  // The deeper water lets less of the surf zone past: the shadow behind the groin is darker.
+  const auto lee = [](const OffshoreWave& wave, float WL) {
+    Model m = sea({80, 20.0f, {{40, 15.0f, 1.5f}}, {}}, wave);
+    m.series.WL = WL;
+    compare(m);
+    return m.waves.HB(wave.degrees > 0.0 ? 41 : 39);
+  };
+  EXPECT_LT(lee(FROM_LEFT, 0.3f), lee(FROM_LEFT, 0.0f));
+  EXPECT_LT(lee(FROM_RIGHT, 0.3f), lee(FROM_RIGHT, 0.0f));
+}
+
+TEST(zones, waves_along_the_shoreline_normal_of_a_short_groin_bring_nothing_past_it) {
+  for (const OffshoreWave& wave : {FROM_LEFT, FROM_RIGHT}) {
+    Model m = sea({80, 20.0f, {{40, 15.0f, 1.5f}}, {}}, wave);
+    SCOPED_TRACE(wave.degrees);
+    const std::int32_t lee = wave.degrees > 0.0 ? 41 : 39;
+    compare(m);
+    const float past = m.waves.HB(lee);
+    m.shore.ALPHA(40) = m.diffraction.tip_waves(2).Z;
+    compare(m);
+    EXPECT_LT(m.waves.HB(lee), past);
+  }
 }
 
 TEST(zones, a_groin_near_an_end_of_the_coast_takes_the_length_given_for_the_boundary) {
