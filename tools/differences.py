@@ -30,6 +30,7 @@ class Difference:
     words differ."""
 
     def __init__(self, first: str, second: str, width: int | None):
+        self.table = width is not None
         self.numbers = self.differing = 0
         self.largest = self.relative = self.magnitude = 0.0
         self.place = self.relative_place = ""
@@ -65,7 +66,8 @@ class Difference:
         told = []
         if self.differing:
             told.append(f"{self.differing} of {self.numbers} numbers, by at most {self.largest:.3g} ({self.place}); ")
-            told.append(f"{self.largest / self.magnitude if self.magnitude else 1:.2g} of the file's largest; ")
+            if self.table:
+                told.append(f"{self.largest / self.magnitude if self.magnitude else 1:.2g} of the table's largest; ")
             told.append(f"relative to itself at most {self.relative:.2g} ({self.relative_place})")
         if self.words:
             told.append(("; " if told else "") + f"other words from line {self.words} on")

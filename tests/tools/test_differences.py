@@ -31,7 +31,7 @@ def test_the_largest_distance_and_the_largest_ratio_are_told_with_their_places(t
     second = "Title 1\n" + row(20200101, "200.00", "-0.51") + row(20200131, "100.50", "0.25")
     # Of 5 numbers, that of the title among them, 2 differ: 0.01 of 0.51, and 0.5 of at most 200.
     assert told(first, second) == [
-        "run.slo: 2 of 5 numbers, by at most 0.5 (line 3 number 1); 0.0025 of the file's largest; "
+        "run.slo: 2 of 5 numbers, by at most 0.5 (line 3 number 1); 0.0025 of the table's largest; "
         "relative to itself at most 0.02 (line 2 number 2)"
     ]
 
@@ -51,7 +51,7 @@ def test_another_date_a_missing_line_and_asterisks_are_words(told):
 
 def test_numbers_and_words_of_a_report_are_told_together(told):
     assert told("H = 1.0 m\nend\n", "H = 2.0 m\nEND\n", "run.prt") == [
-        "run.prt: 1 of 1 numbers, by at most 1 (line 1 number 1); 1 of the file's largest; "
+        "run.prt: 1 of 1 numbers, by at most 1 (line 1 number 1); "
         "relative to itself at most 0.5 (line 1 number 1); other words from line 2 on"
     ]
 
