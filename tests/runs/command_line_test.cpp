@@ -84,6 +84,17 @@ TEST(command_line, a_closed_standard_error_and_input_change_nothing) {
     EXPECT_EQ(closed.folder.read(table), open.folder.read(table)) << table;
 }
 
+TEST(command_line, a_run_without_any_output_ends_and_touches_no_file) {
+  Case closed;
+  const std::string shore = closed.folder.read("shore.dat");
+  closed.outcome = run_shell(closed.folder, "\"$0\" run.cfg >&- 2>&-");
+  EXPECT_EQ(closed.outcome.status, 1);
+  EXPECT_EQ(closed.outcome.out + closed.outcome.err, "");
+  EXPECT_EQ(closed.folder.read("shore.dat"), shore);
+  for (const char* made : {"run.prt", "run.slo", "run.qtr"})
+    EXPECT_FALSE(closed.folder.exists(made)) << made;
+}
+
 TEST(command_line, a_warning_on_a_closed_standard_error_spoils_no_file) {
   // Without standard error the next file that is opened could take its place.
   const Changes still{{"HAMP", "0"}};

@@ -381,6 +381,31 @@ TEST_F(wave_events, a_turned_angle_stays_within_half_a_circle) {
   EXPECT_NEAR(waves().ZRF(5), 90.0 * degree + 1.6 - 360.0 * degree, 2e-6);
 }
 
+TEST_F(wave_events, an_angle_that_rounding_takes_beyond_90_degrees_comes_from_the_other_side) {
+  // Of two cells at one place the left one takes all of the way from gauge to gauge, 180 degrees
+  // less 1/131072. Rounded to 180 this ends 1/131072 behind 90 degrees, where waves are turned by
+  // half a circle.
+  model.settings.IREG = 1;
+  model.grid.XCELL(9) = model.grid.XCELL(10);
+  gauge(1, "1 8 -89.99999237060547\n");
+  gauge(10, "1 8 90\n");
+  read();
+  ASSERT_GT(waves().ZRFPRTOUT(9), 90.0f);
+  EXPECT_NEAR(waves().ZRF(9), -90.0 * degree, 1e-6);
+  EXPECT_NEAR(waves().ZRF(10), 90.0 * degree, 1e-6);
+}
+
+TEST_F(wave_events, an_angle_that_rounding_takes_below_minus_90_comes_from_the_other_side) {
+  model.settings.IREG = 1;
+  model.grid.XCELL(9) = model.grid.XCELL(10);
+  gauge(1, "1 8 89.99999237060547\n");
+  gauge(10, "1 8 -90\n");
+  read();
+  ASSERT_LT(waves().ZRFPRTOUT(9), -90.0f);
+  EXPECT_NEAR(waves().ZRF(9), 90.0 * degree, 1e-6);
+  EXPECT_NEAR(waves().ZRF(10), -90.0 * degree, 1e-6);
+}
+
 // Files.
 
 TEST_F(wave_events, a_steady_file_gives_its_first_record_at_every_event) {

@@ -1,6 +1,7 @@
 #include "text/input_file.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include <filesystem>
 #include <string>
@@ -74,6 +75,43 @@ TEST_F(input_file, only_a_regular_file_opens) {
   EXPECT_FALSE(file.open(""));
   EXPECT_FALSE(file.open("/dev/null"));
   EXPECT_FALSE(file.is_open());
+}
+
+TEST_F(input_file, that_does_not_open_is_told_with_the_reason) {
+  EXPECT_EQ(kelprun::open_failure(""), "no file is named");
+  EXPECT_EQ(kelprun::open_failure(path("absent.dat")), "there is no such file");
+  EXPECT_EQ(kelprun::open_failure(folder.path().string()), "this is a folder");
+  EXPECT_EQ(kelprun::open_failure("/dev/null"), "this is no ordinary file");
+  std::filesystem::create_symlink(path("circle.dat"), path("circle.dat"));
+  EXPECT_EQ(kelprun::open_failure(path("circle.dat")), "Too many levels of symbolic links");
+}
+
+/// The process can open no more files while this lives.
+class NoMoreFiles {
+ public:
+  NoMoreFiles() {
+    getrlimit(RLIMIT_NOFILE, &former_);
+    const rlimit none{0, former_.rlim_max};
+    setrlimit(RLIMIT_NOFILE, &none);
+  }
+  ~NoMoreFiles() { setrlimit(RLIMIT_NOFILE, &former_); }
+  NoMoreFiles(const NoMoreFiles&) = delete;
+  NoMoreFiles& operator=(const NoMoreFiles&) = delete;
+
+ private:
+  rlimit former_{};
+};
+
+TEST_F(input_file, that_the_system_does_not_open_is_told_with_its_reason) {
+  folder.write("in.dat", "one\n");
+  std::string reason;
+  {
+    const NoMoreFiles limit;
+    EXPECT_FALSE(file.open(path("in.dat")));
+    reason = kelprun::open_failure(path("in.dat"));
+  }
+  EXPECT_EQ(reason, "Too many open files");
+  EXPECT_EQ(kelprun::open_failure(path("in.dat")), "it could not be opened") << "it opens again";
 }
 
 TEST_F(input_file, a_link_to_a_file_opens) {

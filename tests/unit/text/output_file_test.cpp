@@ -5,6 +5,7 @@
 #include <sys/stat.h>
 
 #include <csignal>
+#include <fstream>
 #include <string>
 
 #include "support/program.h"
@@ -117,6 +118,41 @@ TEST_F(output_file, a_full_disk_leaves_whole_records_only) {
   // 20000 bytes hold 198 records of 101 bytes and two bytes more, which are cut off again.
   EXPECT_EQ(lines.size(), 198u);
   for (const std::string& line : lines) EXPECT_EQ(line, record);
+}
+
+/// What another hand has added to the file, or a record that a lost machine has left half written.
+void append(const std::string& path, const std::string& text) {
+  std::ofstream(path, std::ios::app | std::ios::binary) << text;
+}
+
+TEST_F(output_file, loses_what_follows_its_last_line_end_however_long_that_is) {
+  for (const std::size_t size : {1u, 4095u, 4096u, 4097u, 20000u}) {
+    ASSERT_TRUE(file.open(path("out.dat")));
+    file.record("one");
+    append(path("out.dat"), std::string(size, 'x'));
+    file.keep_whole_records();
+    EXPECT_EQ(folder.read("out.dat"), "one\n") << size;
+  }
+}
+
+TEST_F(output_file, that_holds_no_line_end_loses_all) {
+  for (const std::size_t size : {1u, 4096u, 10000u}) {
+    ASSERT_TRUE(file.open(path("out.dat")));
+    append(path("out.dat"), std::string(size, 'x'));
+    file.keep_whole_records();
+    EXPECT_EQ(folder.read("out.dat"), "") << size;
+  }
+}
+
+TEST_F(output_file, of_whole_records_loses_nothing) {
+  file.keep_whole_records();
+  ASSERT_TRUE(file.open(path("out.dat")));
+  file.keep_whole_records();
+  EXPECT_EQ(folder.read("out.dat"), "");
+  file.record("one");
+  file.record("");
+  file.keep_whole_records();
+  EXPECT_EQ(folder.read("out.dat"), "one\n\n");
 }
 
 TEST_F(output_file, that_somebody_removes_ends_the_run) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <cstdio>
 #include <string>
 
@@ -60,6 +61,14 @@ TEST(stop, what_was_written_reaches_its_file_before_the_run_ends) {
 
 TEST(stop_of_the_process, the_usual_handler_ends_the_process_with_the_status) {
   EXPECT_EXIT(run_time_message("over"), testing::ExitedWithCode(1), "^kelprun: over\n$");
+}
+
+TEST(stop_of_the_process, a_handler_that_comes_back_does_not_let_the_run_go_on) {
+  const auto stop_with_such_a_handler = [] {
+    set_stop_handler([](int status) { std::fprintf(stderr, "status %d", status); });
+    stop_run(7);
+  };
+  EXPECT_EXIT(stop_with_such_a_handler(), testing::KilledBySignal(SIGABRT), "status 7$");
 }
 
 TEST(console, a_free_format_line_has_one_blank_more_than_a_record) {
